@@ -1,0 +1,10 @@
+# vtlpictel_test(<name>): one Qt Test executable tst_<name> from tst_<name>.cpp, run offscreen by CTest.
+function(vtlpictel_test name)
+  set(target tst_${name})
+  add_executable(${target} tst_${name}.cpp)
+  set_target_properties(${target} PROPERTIES AUTOMOC ON CXX_STANDARD 17 CXX_EXTENSIONS OFF)
+  target_link_libraries(${target} PRIVATE vtlpictel_testsupport vtlpictel_warnings vtlpictel_instrumentation)
+  target_precompile_headers(${target} REUSE_FROM vtlpictel_testsupport)
+  add_test(NAME ${target} COMMAND ${target})
+  set_tests_properties(${target} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300)
+endfunction()

@@ -1,0 +1,59 @@
+#include "support/TestMain.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QFontDatabase>
+#include <QLocale>
+#include <QRegularExpression>
+#include <QStyleFactory>
+#include <QTest>
+
+namespace {
+
+QtMessageHandler frameworkHandler = nullptr;
+
+// Qt Test can fail on unexpected warnings only, so debug messages travel to it as marked warnings.
+void guardMessages(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    if (type == QtDebugMsg)
+        frameworkHandler(QtWarningMsg, context, QStringLiteral("debug: ") + message);
+    else
+        frameworkHandler(type, context, message);
+}
+
+void installMessageGuard()
+{
+    const QtMessageHandler previous = qInstallMessageHandler(guardMessages);
+    if (previous != guardMessages)
+        frameworkHandler = previous;
+}
+
+} // namespace
+
+void PictelTest::expectDebug(const char *text)
+{
+    QTest::ignoreMessage(QtWarningMsg, QByteArray("debug: ").append(text).constData());
+}
+
+void PictelTest::expectWarning(const char *text)
+{
+    QTest::ignoreMessage(QtWarningMsg, text);
+}
+
+void PictelTest::init()
+{
+    installMessageGuard();
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+}
+
+int runPictelTest(QObject &(*makeTest)(), int argc, char *argv[])
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+    QLocale::setDefault(QLocale::c());
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication application(argc, argv);
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+    return QTest::qExec(&makeTest(), argc, argv);
+}
