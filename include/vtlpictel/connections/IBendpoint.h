@@ -1,0 +1,27 @@
+#pragma once
+
+#include <vtlpictel/vtlpictel_export.h>
+
+#include <QMetaType>
+#include <QPoint>
+#include <QtPlugin>
+
+namespace Vantrel::Pictel {
+
+/// A point that a connection must pass through.
+///
+/// Lists of pointers to bendpoints travel as routing constraints in a QVariant; the variant does not own them.
+class VTLPICTEL_EXPORT IBendpoint
+{
+public:
+    virtual ~IBendpoint();
+
+    virtual QPoint getLocation() const = 0;
+    /// Moves the bendpoint, where its kind allows it.
+    virtual void setLocation(const QPoint &location) = 0;
+};
+
+} // namespace Vantrel::Pictel
+
+Q_DECLARE_INTERFACE(Vantrel::Pictel::IBendpoint, "IBendpoint.Pictel.Vantrel.vantrel.org")
+Q_DECLARE_METATYPE(Vantrel::Pictel::IBendpoint *)

@@ -1,0 +1,7 @@
+#include <vtlpictel/connections/IAnchorListener.h>
+
+namespace Vantrel::Pictel {
+
+IAnchorListener::~IAnchorListener() = default;
+
+} // namespace Vantrel::Pictel

@@ -1,0 +1,7 @@
+#include <vtlpictel/connections/IBendpoint.h>
+
+namespace Vantrel::Pictel {
+
+IBendpoint::~IBendpoint() = default;
+
+} // namespace Vantrel::Pictel

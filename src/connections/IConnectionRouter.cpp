@@ -1,0 +1,7 @@
+#include <vtlpictel/connections/IConnectionRouter.h>
+
+namespace Vantrel::Pictel {
+
+IConnectionRouter::~IConnectionRouter() = default;
+
+} // namespace Vantrel::Pictel

@@ -1,0 +1,7 @@
+#include <vtlpictel/figure/IAncestorListener.h>
+
+namespace Vantrel::Pictel {
+
+IAncestorListener::~IAncestorListener() = default;
+
+} // namespace Vantrel::Pictel

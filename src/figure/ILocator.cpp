@@ -1,0 +1,7 @@
+#include <vtlpictel/figure/ILocator.h>
+
+namespace Vantrel::Pictel {
+
+ILocator::~ILocator() = default;
+
+} // namespace Vantrel::Pictel

@@ -1,0 +1,7 @@
+#include <vtlpictel/figure/IRotatableDecoration.h>
+
+namespace Vantrel::Pictel {
+
+IRotatableDecoration::~IRotatableDecoration() = default;
+
+} // namespace Vantrel::Pictel

@@ -1,0 +1,7 @@
+#include <vtlpictel/figure/ITreeSearch.h>
+
+namespace Vantrel::Pictel {
+
+ITreeSearch::~ITreeSearch() = default;
+
+} // namespace Vantrel::Pictel

@@ -1,0 +1,7 @@
+#include <vtlpictel/viewer/IViewport.h>
+
+namespace Vantrel::Pictel {
+
+IViewport::~IViewport() = default;
+
+} // namespace Vantrel::Pictel
