@@ -3,8 +3,8 @@
 #include <vtlpictel/vtlpictel_export.h>
 
 #include <QMetaType>
+#include <QObject>
 #include <QPoint>
-#include <QtPlugin>
 
 namespace Vantrel::Pictel {
 

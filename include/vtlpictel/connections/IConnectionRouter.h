@@ -3,10 +3,10 @@
 #include <vtlpictel/vtlpictel_export.h>
 
 #include <QList>
+#include <QObject>
 #include <QPoint>
 #include <QPointF>
 #include <QVariant>
-#include <QtPlugin>
 
 namespace Vantrel::Pictel {
 

@@ -2,7 +2,7 @@
 
 #include <vtlpictel/vtlpictel_export.h>
 
-#include <QtPlugin>
+#include <QObject>
 
 namespace Vantrel::Pictel {
 

@@ -4,11 +4,11 @@
 #include <vtlpictel/vtlpictel_export.h>
 
 #include <QList>
+#include <QObject>
 #include <QPoint>
 #include <QPointF>
 #include <QString>
 #include <QVariant>
-#include <QtPlugin>
 
 namespace Vantrel::Pictel {
 

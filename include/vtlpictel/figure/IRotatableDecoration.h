@@ -3,7 +3,7 @@
 #include <vtlpictel/figure/IFigure.h>
 #include <vtlpictel/vtlpictel_export.h>
 
-#include <QtPlugin>
+#include <QObject>
 
 QT_BEGIN_NAMESPACE
 class QPoint;

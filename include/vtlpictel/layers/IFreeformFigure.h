@@ -2,8 +2,8 @@
 
 #include <vtlpictel/vtlpictel_export.h>
 
+#include <QObject>
 #include <QRect>
-#include <QtPlugin>
 
 namespace Vantrel::Pictel {
 

@@ -2,9 +2,9 @@
 
 #include <vtlpictel/vtlpictel_export.h>
 
+#include <QObject>
 #include <QPoint>
 #include <QRect>
-#include <QtPlugin>
 
 namespace Vantrel::Pictel {
 

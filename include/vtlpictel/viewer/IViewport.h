@@ -2,11 +2,11 @@
 
 #include <vtlpictel/vtlpictel_export.h>
 
+#include <QObject>
 #include <QPoint>
 #include <QPointF>
 #include <QRect>
 #include <QRectF>
-#include <QtPlugin>
 
 QT_BEGIN_NAMESPACE
 class QSize;
