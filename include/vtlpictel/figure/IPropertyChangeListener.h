@@ -4,10 +4,8 @@
 
 #include <QObject>
 
-QT_BEGIN_NAMESPACE
 class QString;
 class QVariant;
-QT_END_NAMESPACE
 
 namespace Vantrel::Pictel {
 

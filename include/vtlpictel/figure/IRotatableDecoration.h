@@ -5,10 +5,8 @@
 
 #include <QObject>
 
-QT_BEGIN_NAMESPACE
 class QPoint;
 class QPointF;
-QT_END_NAMESPACE
 
 namespace Vantrel::Pictel {
 

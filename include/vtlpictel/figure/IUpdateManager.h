@@ -4,9 +4,7 @@
 
 #include <QObject>
 
-QT_BEGIN_NAMESPACE
 class QRect;
-QT_END_NAMESPACE
 
 namespace Vantrel::Pictel {
 

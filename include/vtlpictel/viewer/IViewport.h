@@ -8,9 +8,7 @@
 #include <QRect>
 #include <QRectF>
 
-QT_BEGIN_NAMESPACE
 class QSize;
-QT_END_NAMESPACE
 
 namespace Vantrel::Pictel {
 
