@@ -10,7 +10,8 @@ namespace Vantrel::Pictel {
 
 /// A point that a connection must pass through.
 ///
-/// Lists of pointers to bendpoints travel as routing constraints in a QVariant; the variant does not own them.
+/// Pointers to bendpoints can travel in a QVariant, which does not own them. Routing constraints, though, hold
+/// bendpoints by value (see BendpointConnectionRouter).
 class VTLPICTEL_EXPORT IBendpoint
 {
 public:

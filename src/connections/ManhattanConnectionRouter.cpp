@@ -1,0 +1,280 @@
+#include <vtlpictel/connections/ManhattanConnectionRouter.h>
+
+#include <vtlpictel/connections/IConnectionAnchor.h>
+#include <vtlpictel/figure/Figure.h>
+#include <vtlpictel/figure/IConnection.h>
+
+#include "ConnectionWatch_p.h"
+#include "SegmentPlan_p.h"
+#include "support/PointLists.h"
+#include "support/WrappingArithmetic.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace Vantrel::Pictel {
+
+// How a route is found.
+//
+// Terms. A normal is the direction that leads out of a figure through the side on which a connection ends. A position
+// is the one coordinate that fixes a segment: y for a horizontal segment, x for a vertical one. A line is a row (the
+// y of horizontal segments) or a column (the x of vertical ones).
+//
+//   1. The anchors give both end points, and the sides nearest to them the normals.
+//   2. From these SegmentPlan lists one position per segment, horizontal and vertical in turn: one corner where two
+//      perpendicular normals lead towards each other, a Z or a U in the other cases, with a detour ten pixels outside
+//      a figure whose normal leads away from the other end.
+//   3. processPositions() turns positions into points. The first and last segment are tied to their ends; each inner
+//      one moves to the free line nearest to its position, which it reserves for the connection.
+//
+// Figures in the way are not avoided, and routes already made do not move when a line becomes free. A search tries even
+// lines only, nearest first, never farther than the neighbouring parallel segments, and stops at the first free one:
+// it is bounded by the lines in use, however large the coordinates are.
+
+const Ray ManhattanConnectionRouter::UP(0, -1);
+const Ray ManhattanConnectionRouter::DOWN(0, 1);
+const Ray ManhattanConnectionRouter::LEFT(-1, 0);
+const Ray ManhattanConnectionRouter::RIGHT(1, 0);
+
+// What tells rows from columns in the search for a free line.
+struct ManhattanConnectionRouter::LineKind
+{
+    bool (ManhattanConnectionRouter::*usable)(IConnection *, int) const;
+    void (ManhattanConnectionRouter::*reserve)(IConnection *, int);
+};
+
+namespace {
+
+qint64 distance(int from, int to)
+{
+    return qAbs(static_cast<qint64>(from) - to);
+}
+
+struct SearchBounds
+{
+    qint64 lower;
+    qint64 upper;
+};
+
+// Between the neighbouring parallel segments a and b; for a line outside of them, as far to either side of it as the
+// nearer one lies. The last line is left out, so that a search never counts beyond it.
+SearchBounds boundsOfSearch(qint64 line, qint64 a, qint64 b)
+{
+    constexpr qint64 lastLine = std::numeric_limits<int>::max() - 1;
+    const auto [nearest, farthest] = std::minmax(a, b);
+    if (farthest < line)
+        return {farthest, std::min(2 * line - farthest, lastLine)};
+    if (nearest > line)
+        return {2 * line - nearest, std::min(nearest, lastLine)};
+    return {nearest, std::min(farthest, lastLine)};
+}
+
+// The even line to try first. A negative odd line stays odd: its remainder is -1.
+int proposedLine(int line)
+{
+    return line % 2 == 1 ? line - 1 : line;
+}
+
+// 0, 2, -2, 4, -4, ...
+int nextOffset(int offset)
+{
+    return offset > 0 ? -offset : 2 - offset;
+}
+
+} // namespace
+
+ManhattanConnectionRouter::ManhattanConnectionRouter(QObject *parent)
+    : AbstractRouter(parent)
+{ }
+
+ManhattanConnectionRouter::~ManhattanConnectionRouter() = default;
+
+Ray ManhattanConnectionRouter::getDirection(const QRect &box, const QPoint &point, bool inward)
+{
+    qint64 nearest = distance(box.left(), point.x());
+    const Ray *direction = inward ? &RIGHT : &LEFT;
+    if (const qint64 top = distance(box.top(), point.y()); top <= nearest) {
+        nearest = top;
+        direction = inward ? &DOWN : &UP;
+    }
+    if (const qint64 bottom = distance(box.bottom(), point.y()); bottom <= nearest) {
+        nearest = bottom;
+        direction = inward ? &UP : &DOWN;
+    }
+    if (distance(box.right(), point.x()) < nearest)
+        direction = inward ? &LEFT : &RIGHT;
+    return *direction;
+}
+
+Ray ManhattanConnectionRouter::getEndDirection(IConnection *connection)
+{
+    const QPoint end = getEndPoint(connection);
+    return directionOut(connection ? connection->getTargetAnchor() : nullptr, end);
+}
+
+Ray ManhattanConnectionRouter::getStartDirection(IConnection *connection)
+{
+    const QPoint start = getStartPoint(connection);
+    return directionOut(connection ? connection->getSourceAnchor() : nullptr, start);
+}
+
+bool ManhattanConnectionRouter::rowUsable(IConnection *, int row) const
+{
+    return !m_used.rows.contains(row);
+}
+
+bool ManhattanConnectionRouter::colUsable(IConnection *, int column) const
+{
+    return !m_used.columns.contains(column);
+}
+
+void ManhattanConnectionRouter::invalidate(IConnection *connection)
+{
+    removeReservedLines(connection);
+}
+
+void ManhattanConnectionRouter::remove(IConnection *connection)
+{
+    removeReservedLines(connection);
+}
+
+QList<QPoint> ManhattanConnectionRouter::doRoute(IConnection *connection)
+{
+    if (!connection || !connection->getSourceAnchor() || !connection->getTargetAnchor())
+        return {};
+    QPoint start = getStartPoint(connection);
+    QPoint end = getEndPoint(connection);
+    connection->translateToRelative(start);
+    connection->translateToRelative(end);
+    const Ray startNormal = getStartDirection(connection);
+    const Ray endNormal = getEndDirection(connection);
+
+    const RouteEnd from {Ray(start), startNormal};
+    const RouteEnd to {Ray(end), endNormal};
+    return processPositions(from.point, to.point, SegmentPlan(from, to).positions(), startNormal.isHorizontal(),
+                            connection);
+}
+
+QList<QPointF> ManhattanConnectionRouter::doRouteF(IConnection *connection)
+{
+    return toPointsF(doRoute(connection));
+}
+
+void ManhattanConnectionRouter::reserveRow(IConnection *connection, int row)
+{
+    reserve(connection, row, &Lines::rows);
+}
+
+void ManhattanConnectionRouter::reserveColumn(IConnection *connection, int column)
+{
+    reserve(connection, column, &Lines::columns);
+}
+
+bool ManhattanConnectionRouter::isRowReservedBy(IConnection *connection, int row) const
+{
+    return isReservedBy(connection, row, &Lines::rows);
+}
+
+bool ManhattanConnectionRouter::isColumnReservedBy(IConnection *connection, int column) const
+{
+    return isReservedBy(connection, column, &Lines::columns);
+}
+
+void ManhattanConnectionRouter::removeReservedLines(IConnection *connection)
+{
+    const Reservation reservation = m_reserved.take(connection);
+    disconnect(reservation.watch);
+    m_used.rows.subtract(reservation.rows);
+    m_used.columns.subtract(reservation.columns);
+}
+
+QList<QPoint> ManhattanConnectionRouter::processPositions(const Ray &start, const Ray &end, const QList<int> &positions,
+                                                          bool horizontal, IConnection *connection)
+{
+    removeReservedLines(connection);
+    const bool endsAtColumn = horizontal == (positions.size() % 2 == 1);
+    QList<int> lines {horizontal ? start.x() : start.y()};
+    lines.append(positions);
+    lines.append(endsAtColumn ? end.x() : end.y());
+
+    QList<QPoint> points {QPoint(start.x(), start.y())};
+    const qsizetype last = lines.size() - 2;
+    for (qsizetype i = 2; i <= last; ++i) {
+        horizontal = !horizontal;
+        if (i != last)
+            lines[i] = horizontal ? getRowNear(connection, lines[i], lines[i - 2], lines[i + 2])
+                                  : getColumnNear(connection, lines[i], lines[i - 2], lines[i + 2]);
+        points.append(horizontal ? QPoint(lines[i - 1], lines[i]) : QPoint(lines[i], lines[i - 1]));
+    }
+    if (const QPoint endPoint(end.x(), end.y()); points.last() != endPoint)
+        points.append(endPoint);
+    return points;
+}
+
+int ManhattanConnectionRouter::getRowNear(IConnection *connection, int row, int before, int after)
+{
+    static constexpr LineKind rows {&ManhattanConnectionRouter::rowUsable, &ManhattanConnectionRouter::reserveRow};
+    return getLineNear(connection, row, before, after, rows);
+}
+
+int ManhattanConnectionRouter::getColumnNear(IConnection *connection, int column, int before, int after)
+{
+    static constexpr LineKind columns {&ManhattanConnectionRouter::colUsable,
+                                       &ManhattanConnectionRouter::reserveColumn};
+    return getLineNear(connection, column, before, after, columns);
+}
+
+// Lines that are not positive are taken as they are, and so is the one beside a bound when all before it are in use.
+int ManhattanConnectionRouter::getLineNear(IConnection *connection, int line, int before, int after,
+                                           const LineKind &kind)
+{
+    const int proposed = proposedLine(line);
+    const SearchBounds bounds = boundsOfSearch(line, before, after);
+    for (int offset = 0; qAbs(offset) < proposed; offset = nextOffset(offset)) {
+        const int candidate = proposed + offset;
+        if ((this->*kind.usable)(connection, candidate)) {
+            (this->*kind.reserve)(connection, candidate);
+            return candidate;
+        }
+        if (candidate <= bounds.lower)
+            return wrappingAdd(candidate, 2);
+        if (candidate >= bounds.upper)
+            return candidate - 2;
+    }
+    return proposed;
+}
+
+ManhattanConnectionRouter::Reservation &ManhattanConnectionRouter::reservationOf(IConnection *connection)
+{
+    if (!m_reserved.contains(connection)) {
+        const auto forget = [this, connection] { removeReservedLines(connection); };
+        m_reserved[connection].watch = watchConnection(connection, this, forget);
+    }
+    return m_reserved[connection];
+}
+
+void ManhattanConnectionRouter::reserve(IConnection *connection, int line, QSet<int> Lines::*lines)
+{
+    if (!connection)
+        return;
+    (reservationOf(connection).*lines).insert(line);
+    (m_used.*lines).insert(line);
+}
+
+bool ManhattanConnectionRouter::isReservedBy(IConnection *connection, int line, QSet<int> Lines::*lines) const
+{
+    const auto reservation = m_reserved.constFind(connection);
+    return reservation != m_reserved.cend() && ((*reservation).*lines).contains(line);
+}
+
+// An anchor on no figure gets the box of two by two pixels whose lower right corner is the point.
+Ray ManhattanConnectionRouter::directionOut(const IConnectionAnchor *anchor, const QPoint &point)
+{
+    Figure *owner = anchor ? anchor->getOwner() : nullptr;
+    if (!owner)
+        return getDirection({{wrappingSubtract(point.x(), 1), wrappingSubtract(point.y(), 1)}, point}, point, false);
+    QRect box = owner->getBounds();
+    return getDirection(owner->translateToAbsolute(box), point, false);
+}
+
+} // namespace Vantrel::Pictel

@@ -1,0 +1,111 @@
+#include <vtlpictel/connections/RelativeBendpoint.h>
+
+#include <vtlpictel/connections/IConnectionAnchor.h>
+#include <vtlpictel/figure/IConnection.h>
+
+#include "support/Rounding.h"
+#include "support/WrappingArithmetic.h"
+
+namespace Vantrel::Pictel {
+
+namespace {
+
+[[maybe_unused]] const int valueType = qRegisterMetaType<RelativeBendpoint>();
+
+QPoint moved(const QPoint &point, const QSize &offset)
+{
+    return {wrappingAdd(point.x(), offset.width()), wrappingAdd(point.y(), offset.height())};
+}
+
+// The target's share is formed in single precision and the rest in double, which decides where a fraction is lost.
+int mixed(int source, int target, float weight)
+{
+    const float targetShare = weight * static_cast<float>(target);
+    return truncateToInt((1.0 - static_cast<double>(weight)) * source + static_cast<double>(targetShare));
+}
+
+} // namespace
+
+RelativeBendpoint::RelativeBendpoint(QObject *parent)
+    : Bendpoint(parent)
+{ }
+
+RelativeBendpoint::RelativeBendpoint(IConnection *connection, QObject *parent)
+    : Bendpoint(parent)
+{
+    setConnection(connection);
+}
+
+RelativeBendpoint::RelativeBendpoint(const RelativeBendpoint &other)
+    : Bendpoint(nullptr)
+    , m_connection(other.m_connection)
+    , m_connectionGuard(other.m_connectionGuard)
+    , m_weight(other.m_weight)
+    , m_relativeDim1(other.m_relativeDim1)
+    , m_relativeDim2(other.m_relativeDim2)
+{ }
+
+RelativeBendpoint::~RelativeBendpoint() = default;
+
+QPoint RelativeBendpoint::getLocation() const
+{
+    IConnection *connection = getConnection();
+    if (!connection || !connection->getSourceAnchor() || !connection->getTargetAnchor())
+        return {};
+    QPoint location = mixedLocation(connection->getSourceAnchor()->getReferencePoint(),
+                                    connection->getTargetAnchor()->getReferencePoint());
+    return connection->translateToRelative(location);
+}
+
+void RelativeBendpoint::setLocation(const QPoint &) { }
+
+IConnection *RelativeBendpoint::getConnection() const
+{
+    return m_connectionGuard ? m_connection : nullptr;
+}
+
+void RelativeBendpoint::setConnection(IConnection *connection)
+{
+    m_connection = connection;
+    m_connectionGuard = dynamic_cast<QObject *>(connection);
+}
+
+float RelativeBendpoint::getWeight() const
+{
+    return m_weight;
+}
+
+void RelativeBendpoint::setWeight(float weight)
+{
+    m_weight = weight;
+}
+
+QSize RelativeBendpoint::getRelativeDim1() const
+{
+    return m_relativeDim1;
+}
+
+QSize RelativeBendpoint::getRelativeDim2() const
+{
+    return m_relativeDim2;
+}
+
+void RelativeBendpoint::setRelativeDimensions(const QSize &dim1, const QSize &dim2)
+{
+    m_relativeDim1 = dim1;
+    m_relativeDim2 = dim2;
+}
+
+bool RelativeBendpoint::isNull() const
+{
+    return !getConnection();
+}
+
+QPoint RelativeBendpoint::mixedLocation(const QPoint &sourceReference, const QPoint &targetReference) const
+{
+    const QPoint source = moved(sourceReference, m_relativeDim1);
+    const QPoint target = moved(targetReference, m_relativeDim2);
+    return {mixed(source.x(), target.x(), m_weight), mixed(source.y(), target.y(), m_weight)};
+}
+
+} // namespace Vantrel::Pictel

@@ -1,0 +1,33 @@
+#include <vtlpictel/connections/XYAnchor.h>
+
+namespace Vantrel::Pictel {
+
+XYAnchor::XYAnchor(const QPoint &location, QObject *parent)
+    : ConnectionAnchorBase(parent)
+    , m_location(location)
+{ }
+
+XYAnchor::~XYAnchor() = default;
+
+QPoint XYAnchor::getLocation(const QPoint &) const
+{
+    return m_location;
+}
+
+Figure *XYAnchor::getOwner() const
+{
+    return nullptr;
+}
+
+QPoint XYAnchor::getReferencePoint() const
+{
+    return m_location;
+}
+
+void XYAnchor::setLocation(const QPoint &location)
+{
+    m_location = location;
+    Q_EMIT anchorMoved(this);
+}
+
+} // namespace Vantrel::Pictel
