@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QFont>
-#include <QFontDatabase>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QStyleFactory>

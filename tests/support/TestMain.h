@@ -28,4 +28,7 @@ int runPictelTest(QObject &(*makeTest)(), int argc, char *argv[]);
         static TestClass test;                                                                                         \
         return test;                                                                                                   \
     }                                                                                                                  \
-    int main(int argc, char *argv[]) { return runPictelTest(&make##TestClass, argc, argv); }
+    int main(int argc, char *argv[])                                                                                   \
+    {                                                                                                                  \
+        return runPictelTest(&make##TestClass, argc, argv);                                                            \
+    }
