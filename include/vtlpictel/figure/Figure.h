@@ -11,6 +11,7 @@
 namespace Vantrel::Pictel {
 
 class AncestorHelper;
+class PassOption;
 
 /// The base of every visual element: a rectangle in a tree of figures, painted and hit-tested top-down.
 ///
@@ -278,10 +279,17 @@ private:
     void releaseChildren();
     QPoint clientOffset();
     bool offsetsChildren();
-    template <typename Operation>
-    void forEachChild(Operation operation);
+    template <typename Value>
+    Value &shiftFromParent(Value &value);
+    template <typename Value>
+    Value &shiftToParent(Value &value);
+    template <typename Value>
+    Value &shiftToAbsolute(Value &value);
+    template <typename Value>
+    Value &shiftToRelative(Value &value);
+    void forEachChild(void (*visit)(Figure *child));
     void paintOwn(QPainter *painter, const QStyleOptionViewItem &option) const;
-    void paintClientArea(QPainter *painter, QStyleOptionViewItem &option, const QRect &area);
+    void paintClientArea(QPainter *painter, PassOption &pass, const QRect &clientArea, const QRect &area);
     void paintHighlight(QPainter *painter, const QStyleOptionViewItem &option, const QRect &clientArea) const;
 
     QPointer<Figure> m_parentFigure;

@@ -121,7 +121,7 @@ protected:
 
 public:
     /// The container whose children this layout holds, or null.
-    Figure *getFigure() const { return m_figure; }
+    Figure *getFigure() const;
     /// Stores the container; Figure::setLayoutManager() calls it.
     void setFigure(Figure *figure);
     /// The gap between consecutive children in logical pixels.
@@ -154,13 +154,14 @@ private:
     void enterTree(Figure *child);
     bool storeConstraint(Figure *child, const QVariant &constraint);
     void tellListenersOfConstraint(const QVariant &constraint);
-    void watchConstraint(const QVariant &constraint);
+    void watchConstraint(Figure *child, const QVariant &constraint);
     void dropConstraint(Figure *child);
     void constraintObjectDestroyed(QObject *object);
     void childChanged(Figure *child);
     void takeOut(Figure *child);
     void forget(Figure *child);
     void releaseAll();
+    quint64 departures() const;
     void notifyListeners(const std::function<void(ILayoutListener *)> &notify);
     unsigned int totalStretch(quint32 LayoutHelper::*stretch) const;
 

@@ -1,0 +1,621 @@
+#include <vtlpictel/figure/Figure.h>
+
+#include "support/LifeGuard.h"
+#include "support/Rounding.h"
+#include "support/WrappingArithmetic.h"
+
+#include <vtlpictel/figure/AncestorHelper.h>
+#include <vtlpictel/figure/Border.h>
+#include <vtlpictel/figure/IAncestorListener.h>
+#include <vtlpictel/figure/IPropertyChangeListener.h>
+#include <vtlpictel/figure/Insets.h>
+#include <vtlpictel/figure/UpdateManager.h>
+#include <vtlpictel/layout/Layout.h>
+
+#include <QMessageLogger>
+
+namespace Vantrel::Pictel {
+
+namespace {
+
+constexpr const char *propertyChangedSignal = SIGNAL(propertyChanged(const QString &, const QVariant &, const QVariant &));
+constexpr const char *propertyChangedSlot = SLOT(propertyChanged(const QString &, const QVariant &, const QVariant &));
+
+template <typename Listener>
+QObject *asObject(Listener *listener)
+{
+    return dynamic_cast<QObject *>(listener);
+}
+
+struct AncestorSignal
+{
+    const char *signal;
+    const char *slot;
+};
+
+constexpr AncestorSignal ancestorSignals[] = {
+    {SIGNAL(ancestorAdded(Figure *)), SLOT(ancestorAdded(Figure *))},
+    {SIGNAL(ancestorMoved(Figure *)), SLOT(ancestorMoved(Figure *))},
+    {SIGNAL(ancestorRemoved(Figure *)), SLOT(ancestorRemoved(Figure *))},
+};
+
+bool fits(const QSize &size, const QSize &bound)
+{
+    return size.width() <= bound.width() && size.height() <= bound.height();
+}
+
+} // namespace
+
+const QString Figure::PROPERTY_PARENT = QStringLiteral("parent");
+
+Figure::Figure(QObject *parent, const QColor &backgroundColor)
+    : QObject(parent)
+    , m_backgroundColor(backgroundColor)
+{
+}
+
+// Whoever refers to this figure lets go now: nothing is called that could reach the parts already destroyed.
+Figure::~Figure()
+{
+    LifeGuard<Figure>::release(this);
+    erase();
+    releaseChildren();
+    leaveHolders();
+    UpdateManager::forgetFigure(this);
+    delete m_ancestorHelper.data();
+}
+
+void Figure::releaseChildren()
+{
+    if (!m_layout)
+        return;
+    if (getFlag(FLAG_NOTIFIED))
+        forEachChild([](Figure *child) { child->removeNotify(); });
+    if (!m_layout || m_layout->getFigure() != this)
+        return;
+    m_layout->setFigure(nullptr);
+    m_layout->releaseAll();
+}
+
+void Figure::leaveHolders()
+{
+    const QVarLengthArray<Layout *, 1> holders = m_holders;
+    for (Layout *holder : holders) {
+        if (m_holders.contains(holder))
+            holder->forget(this);
+    }
+}
+
+void Figure::tellHolders()
+{
+    for (Layout *holder : std::as_const(m_holders))
+        holder->childChanged(this);
+}
+
+// Calls visit for every child from bottom to top; children that leave or die meanwhile are skipped, and the walk ends
+// when the layout that held them dies.
+void Figure::forEachChild(void (*visit)(Figure *child))
+{
+    const Layout *layout = m_layout;
+    const LifeGuard<Layout> keeper(layout);
+    const QList<Figure *> children = childFigures();
+    const quint64 departures = layout ? layout->departures() : 0;
+    for (Figure *child : children) {
+        if (child && (!layout || layout->departures() == departures || layout->holds(child)))
+            visit(child);
+        if (layout && !keeper.isAlive())
+            return;
+    }
+}
+
+// Border and size hints
+
+Border *Figure::getBorder() const
+{
+    return m_border;
+}
+
+void Figure::setBorder(Border *border)
+{
+    m_border = border;
+}
+
+QSize Figure::getMinimumSize()
+{
+    QSize size(0, 0);
+    if (m_layout) {
+        size = applyMargin(m_layout->getMinimumSize());
+        if (size.isValid() && m_border)
+            m_border->getInsets().addTo(size);
+    }
+    return size.expandedTo(m_minimumSize);
+}
+
+bool Figure::setMinimumSize(const QSize &size)
+{
+    if (!fits(size, m_maximumSize)) {
+        QMessageLogger().debug("Figure::setMinimumSize(): size out of bound");
+        return false;
+    }
+    m_minimumSize = size;
+    return true;
+}
+
+QSize Figure::getMaximumSize()
+{
+    return m_maximumSize;
+}
+
+bool Figure::setMaximumSize(const QSize &size)
+{
+    if (!fits(m_minimumSize, size)) {
+        QMessageLogger().debug("Figure::setMaximumSize(): size out of bound");
+        return false;
+    }
+    m_maximumSize = size;
+    return true;
+}
+
+QSize Figure::getPreferredSize()
+{
+    if (isValid())
+        return m_preferredSize;
+    const bool asksContent = !m_layout || getFlag(FLAG_CONTENT_SIZED);
+    QSize size = applyMargin(asksContent ? calculateContentSize() : m_layout->getPreferredSize());
+    if (size.isValid() && m_border)
+        m_border->getInsets().addTo(size);
+    m_preferredSize = size.expandedTo(getMinimumSize()).boundedTo(getMaximumSize());
+    return m_preferredSize;
+}
+
+// The result is false also when the size was stored: callers have always been told not to rely on it.
+bool Figure::setPreferredSize(const QSize &size)
+{
+    if (fits(m_minimumSize, size) && fits(size, m_maximumSize))
+        m_preferredSize = size;
+    else
+        QMessageLogger().debug("Figure::setPreferredSize(): size out of bound");
+    return false;
+}
+
+QSize Figure::calculateContentSize()
+{
+    QSize size = m_preferredSize;
+    if (!size.isValid())
+        return size;
+    removeMargin(size);
+    if (m_border)
+        m_border->getInsets().removeFrom(size);
+    return size;
+}
+
+QSize Figure::getResizeMinimum(int)
+{
+    return getMinimumSize();
+}
+
+int Figure::getMargin() const
+{
+    return m_margin;
+}
+
+void Figure::setMargin(int margin)
+{
+    m_margin = qMax(margin, 0);
+}
+
+QSize Figure::applyMargin(const QSize &size) const
+{
+    const int both = roundToInt(2.0 * getMargin());
+    return size + QSize(both, both);
+}
+
+QSize Figure::removeMargin(QSize &size) const
+{
+    size -= QSize(getMargin(), getMargin());
+    return size;
+}
+
+QRect Figure::getClientArea()
+{
+    const QRect resolved = resolveBounds(getBounds());
+    return resolved.isValid() ? calculateContentRect(resolved) : resolved;
+}
+
+QRect Figure::calculateContentRect(const QRect &rect)
+{
+    QRect content = rect;
+    if (m_border)
+        m_border->getInsets().applyTo(content);
+    return content.adjusted(m_margin, m_margin, -m_margin, -m_margin);
+}
+
+QRect Figure::calculateRectForContent(const QRect &rect) const
+{
+    QRect outer = rect;
+    if (m_border)
+        m_border->getInsets().stripFrom(outer);
+    return outer.adjusted(-m_margin, -m_margin, m_margin, m_margin);
+}
+
+// Bounds
+
+QRect Figure::getBounds()
+{
+    return m_bounds;
+}
+
+void Figure::setBounds(const QRect &bounds)
+{
+    const QRect resolved = resolveBounds(bounds);
+    const bool moved = resolved.topLeft() != m_bounds.topLeft();
+    const bool resized = resolved.size() != m_bounds.size();
+    if (!moved && !resized)
+        return;
+    const LifeGuard<Figure> self(this);
+    if (isVisible())
+        erase();
+    if (moved)
+        primTranslate(wrappingSubtract(resolved.x(), m_bounds.x()), wrappingSubtract(resolved.y(), m_bounds.y()));
+    if (!self.isAlive())
+        return;
+    if (resized) {
+        m_bounds.setSize(resolved.size());
+        invalidate();
+    }
+    Q_EMIT figureMoved(this);
+    if (self.isAlive())
+        repaint();
+}
+
+QRect Figure::getBoundingRect()
+{
+    return getBounds();
+}
+
+QRect Figure::resolveBounds(const QRect &bounds)
+{
+    if (bounds.isValid())
+        return bounds;
+    QRect resolved = bounds;
+    const QSize preferred = getPreferredSize();
+    if (resolved.width() < 1 && preferred.width() >= 1)
+        resolved.setWidth(preferred.width());
+    if (resolved.height() < 1 && preferred.height() >= 1)
+        resolved.setHeight(preferred.height());
+    if (!resolved.isValid())
+        QMessageLogger().debug("Figure::resolveBounds(): resolved bounds still invalid");
+    return resolved;
+}
+
+void Figure::translate(int dx, int dy)
+{
+    const LifeGuard<Figure> self(this);
+    if (m_layout && !m_layout->isRelativeLayout())
+        primTranslate(dx, dy);
+    if (self.isAlive())
+        Q_EMIT figureMoved(this);
+}
+
+void Figure::primTranslate(int dx, int dy)
+{
+    m_bounds.translate(dx, dy);
+    if (useLocalCoordinates())
+        return;
+    const QPoint step(dx, dy);
+    m_layout->forEachChild([step](Figure *child) { child->translate(step.x(), step.y()); });
+}
+
+// Properties
+
+bool Figure::isEnabled() const
+{
+    return getFlag(FLAG_ENABLED);
+}
+
+void Figure::setEnabled(bool enabled)
+{
+    setFlag(FLAG_ENABLED, enabled);
+}
+
+void Figure::setChildrenEnabled(bool enabled)
+{
+    forEachChild(enabled ? [](Figure *child) { child->setEnabled(true); }
+                         : [](Figure *child) { child->setEnabled(false); });
+}
+
+bool Figure::isVisible() const
+{
+    return getFlag(FLAG_VISIBLE);
+}
+
+void Figure::setVisible(bool visible)
+{
+    if (visible == isVisible())
+        return;
+    if (!visible)
+        erase();
+    setFlag(FLAG_VISIBLE, visible);
+    tellHolders();
+    if (visible)
+        repaint();
+    revalidate();
+}
+
+QColor Figure::getBackgroundColor()
+{
+    return m_backgroundColor;
+}
+
+void Figure::setBackgroundColor(const QColor &color)
+{
+    m_backgroundColor = color;
+    repaint();
+}
+
+Figure *Figure::getTooltip() const
+{
+    return m_tooltip;
+}
+
+void Figure::setTooltip(Figure *tooltip)
+{
+    m_tooltip = tooltip;
+}
+
+Qt::Orientations Figure::expandingDirections()
+{
+    return m_layout ? m_layout->expandingDirections() : m_expandingDirections;
+}
+
+void Figure::setExpandingDirections(Qt::Orientations directions)
+{
+    m_expandingDirections = directions & (Qt::Horizontal | Qt::Vertical);
+}
+
+void Figure::setFlag(int mask, bool on)
+{
+    const auto bits = static_cast<unsigned int>(mask);
+    m_flags = on ? m_flags | bits : m_flags & ~bits;
+}
+
+void Figure::highlightClientArea(bool highlighted)
+{
+    m_clientAreaHighlighted = highlighted;
+    repaint();
+}
+
+void Figure::setHighlightStyle(int style)
+{
+    m_highlightStyle = style;
+    if (m_clientAreaHighlighted)
+        repaint();
+}
+
+// Tree
+
+void Figure::addNotify()
+{
+    if (getFlag(FLAG_NOTIFIED)) {
+        QMessageLogger().debug("Figure::addNotify() should not be call multiple times");
+        return;
+    }
+    setFlag(FLAG_NOTIFIED, true);
+    forEachChild([](Figure *child) { child->addNotify(); });
+}
+
+void Figure::removeNotify()
+{
+    const LifeGuard<Figure> self(this);
+    forEachChild([](Figure *child) { child->removeNotify(); });
+    if (self.isAlive())
+        setFlag(FLAG_NOTIFIED, false);
+}
+
+Figure *Figure::getParentFigure() const
+{
+    return m_parentFigure;
+}
+
+void Figure::setParentFigure(Figure *parent)
+{
+    if (parent && isSelfOrAncestorOf(parent)) {
+        QMessageLogger().debug("Figure::setParentFigure(): failed, would make a cycle");
+        return;
+    }
+    Figure *old = m_parentFigure;
+    m_parentFigure = parent;
+    Q_EMIT propertyChanged(PROPERTY_PARENT, QVariant::fromValue(old), QVariant::fromValue(parent));
+}
+
+// A figure that was added to several parents has several ways up: all are followed.
+bool Figure::isSelfOrAncestorOf(const Figure *other) const
+{
+    if (other == this)
+        return true;
+    const Figure *parent = other->m_parentFigure;
+    if (parent && isSelfOrAncestorOf(parent))
+        return true;
+    for (const Layout *holder : std::as_const(other->m_holders)) {
+        const Figure *container = holder->getFigure();
+        if (container && container != parent && isSelfOrAncestorOf(container))
+            return true;
+    }
+    return false;
+}
+
+Layout *Figure::getLayoutManager() const
+{
+    return m_layout;
+}
+
+Layout *Figure::setLayoutManager(Layout *layout)
+{
+    if (!layout)
+        return nullptr;
+    Layout *old = m_layout;
+    if (old)
+        old->setFigure(nullptr);
+    m_layout = layout;
+    layout->setFigure(this);
+    return old;
+}
+
+UpdateManager *Figure::getUpdateManager() const
+{
+    if (!getFlag(FLAG_NOTIFIED))
+        return nullptr;
+    return m_parentFigure ? m_parentFigure->getUpdateManager() : m_updateManager.data();
+}
+
+void Figure::setUpdateManager(UpdateManager *manager)
+{
+    m_updateManager = manager;
+}
+
+bool Figure::add(Figure *figure, const QVariant &constraint, int index)
+{
+    if (m_layout)
+        return m_layout->add(figure, constraint, index);
+    QMessageLogger().debug("Figure::add(): failed, no layout manager");
+    return false;
+}
+
+bool Figure::add(Figure *figure, unsigned int vStretch, unsigned int hStretch, int index)
+{
+    if (m_layout)
+        return m_layout->add(figure, vStretch, hStretch, index);
+    QMessageLogger().debug("Figure::add(): failed, no layout manager");
+    return false;
+}
+
+bool Figure::remove(Figure *figure)
+{
+    if (m_layout)
+        return m_layout->remove(figure);
+    QMessageLogger().debug("Figure::remove(): failed, no layout manager");
+    return false;
+}
+
+QList<Figure *> Figure::childFigures()
+{
+    return m_layout ? m_layout->childFigures() : QList<Figure *>();
+}
+
+int Figure::childFigureCount() const
+{
+    if (m_layout)
+        return m_layout->childFigureCount();
+    QMessageLogger().debug("Figure::childFigureCount(): failed, no layout manager");
+    return 0;
+}
+
+// Validation and repaint
+
+void Figure::layout()
+{
+    if (m_layout)
+        m_layout->layout(this);
+}
+
+bool Figure::isValidateRoot() const
+{
+    return false;
+}
+
+void Figure::invalidate()
+{
+    setValid(false);
+    if (m_layout)
+        m_layout->invalidate();
+}
+
+void Figure::validate()
+{
+    if (isValid())
+        return;
+    const LifeGuard<Figure> self(this);
+    layout();
+    if (self.isAlive())
+        forEachChild([](Figure *child) { child->validate(); });
+    if (self.isAlive())
+        setValid(true);
+}
+
+void Figure::revalidate()
+{
+    invalidate();
+    if (m_parentFigure && !isValidateRoot()) {
+        m_parentFigure->revalidate();
+        return;
+    }
+    if (UpdateManager *manager = getUpdateManager())
+        manager->addInvalidFigure(this);
+}
+
+void Figure::erase()
+{
+    QRect area = getBoundingRect();
+    if (!area.isValid() || !m_parentFigure || !isVisible())
+        return;
+    m_parentFigure->translateToParent(area);
+    m_parentFigure->repaint(area);
+}
+
+void Figure::repaint(const QRect &rect)
+{
+    if (!rect.isValid() || !isVisible())
+        return;
+    if (UpdateManager *manager = getUpdateManager())
+        manager->addDirtyRegion(this, rect);
+}
+
+void Figure::repaint(int x, int y, int w, int h)
+{
+    repaint(QRect(x, y, w, h));
+}
+
+void Figure::repaint()
+{
+    repaint(getBoundingRect());
+}
+
+// Listeners
+
+void Figure::addAncestorListener(IAncestorListener *listener)
+{
+    QObject *receiver = asObject(listener);
+    if (!receiver)
+        return;
+    if (!m_ancestorHelper)
+        m_ancestorHelper = new AncestorHelper(this, this);
+    for (const AncestorSignal &pair : ancestorSignals)
+        connect(this, pair.signal, receiver, pair.slot);
+    ++m_ancestorListenerCount;
+}
+
+void Figure::removeAncestorListener(IAncestorListener *listener)
+{
+    QObject *receiver = asObject(listener);
+    if (!receiver || m_ancestorListenerCount == 0)
+        return;
+    bool wasListening = false;
+    for (const AncestorSignal &pair : ancestorSignals)
+        wasListening = disconnect(this, pair.signal, receiver, pair.slot) || wasListening;
+    if (wasListening && --m_ancestorListenerCount == 0)
+        delete m_ancestorHelper.data();
+}
+
+void Figure::addPropertyChangeListener(IPropertyChangeListener *listener)
+{
+    if (QObject *receiver = asObject(listener))
+        connect(this, propertyChangedSignal, receiver, propertyChangedSlot);
+}
+
+void Figure::removePropertyChangeListener(IPropertyChangeListener *listener)
+{
+    if (QObject *receiver = asObject(listener))
+        disconnect(this, propertyChangedSignal, receiver, propertyChangedSlot);
+}
+
+} // namespace Vantrel::Pictel

@@ -1,0 +1,473 @@
+#include <vtlpictel/layout/Layout.h>
+
+#include "layout/ChildList_p.h"
+#include "layout/LayoutChildObserver_p.h"
+#include "support/LifeGuard.h"
+
+#include <vtlpictel/figure/Figure.h>
+#include <vtlpictel/figure/ILocator.h>
+#include <vtlpictel/layout/ILayoutListener.h>
+
+#include <QMessageLogger>
+#include <QPainter>
+#include <QStyleOptionViewItem>
+
+namespace Vantrel::Pictel {
+
+namespace {
+
+bool holdsObject(const QVariant &value)
+{
+    return value.metaType().flags().testFlag(QMetaType::PointerToQObject);
+}
+
+QObject *objectOf(const QVariant &value)
+{
+    return holdsObject(value) ? value.value<QObject *>() : nullptr;
+}
+
+bool isSameObject(const QVariant &first, const QVariant &second)
+{
+    return holdsObject(first) && holdsObject(second) && objectOf(first) == objectOf(second);
+}
+
+bool isSameConstraint(const QVariant &old, const QVariant &constraint)
+{
+    return isSameObject(old, constraint) || (!holdsObject(old) && old == constraint);
+}
+
+void releaseObject(QObject *object)
+{
+    if (object && !object->parent())
+        object->deleteLater();
+}
+
+} // namespace
+
+Layout::Layout(QObject *parent)
+    : QObject(parent)
+    , m_children(std::make_unique<ChildList>())
+{
+}
+
+Layout::~Layout()
+{
+    LifeGuard<Layout>::release(this);
+    m_childObserver = nullptr;
+    releaseAll();
+}
+
+Figure *Layout::getFigure() const
+{
+    return m_figure;
+}
+
+void Layout::setFigure(Figure *figure)
+{
+    m_figure = figure;
+}
+
+bool Layout::add(Figure *child, const QVariant &constraint, int index)
+{
+    const LifeGuard<Layout> self(this);
+    const LifeGuard<Figure> guest(child);
+    if (!insertChild(child, index))
+        return false;
+    if (!self.isAlive() || !guest.isAlive())
+        return true;
+    m_children->setHelper(child, LayoutHelper());
+    setConstraint(child, constraint);
+    if (self.isAlive() && guest.isAlive())
+        enterTree(child);
+    return true;
+}
+
+bool Layout::add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index)
+{
+    const LifeGuard<Layout> self(this);
+    const LifeGuard<Figure> guest(child);
+    if (!insertChild(child, index))
+        return false;
+    if (!self.isAlive() || !guest.isAlive())
+        return true;
+    m_children->setHelper(child, {QVariant(), vStretch, hStretch});
+    const QRect bounds = child->getBounds();
+    if (bounds != QRect())
+        setConstraint(child, QVariant(bounds));
+    if (self.isAlive() && guest.isAlive())
+        enterTree(child);
+    return true;
+}
+
+bool Layout::insertChild(Figure *child, int index)
+{
+    Figure *container = m_figure;
+    if (!container || !child || holds(child) || child->isSelfOrAncestorOf(container))
+        return false;
+    m_children->insert(child, index);
+    child->m_holders.append(this);
+    if (m_childObserver)
+        m_childObserver->childAdded(child);
+    child->setParentFigure(container);
+    return true;
+}
+
+void Layout::enterTree(Figure *child)
+{
+    const LifeGuard<Figure> guest(child);
+    child->revalidate();
+    if (m_figure && m_figure->getFlag(Figure::FLAG_NOTIFIED))
+        child->addNotify();
+    if (guest.isAlive())
+        child->repaint();
+}
+
+bool Layout::remove(Figure *child)
+{
+    if (!child || !holds(child))
+        return false;
+    const LifeGuard<Layout> self(this);
+    const LifeGuard<Figure> guest(child);
+    notifyListeners([this](ILayoutListener *listener) { listener->remove(m_figure); });
+    if (!self.isAlive() || !holds(child))
+        return true;
+    dropConstraint(child);
+    if (m_figure && m_figure->getFlag(Figure::FLAG_NOTIFIED)) {
+        child->removeNotify();
+        if (self.isAlive() && m_figure)
+            m_figure->revalidate();
+    }
+    if (guest.isAlive())
+        child->erase();
+    if (guest.isAlive())
+        child->setParentFigure(nullptr);
+    if (self.isAlive() && guest.isAlive())
+        takeOut(child);
+    return true;
+}
+
+QList<Figure *> Layout::childFigures() const
+{
+    return m_children->figures();
+}
+
+int Layout::childFigureCount() const
+{
+    return m_children->count();
+}
+
+QVariant Layout::getConstraint(Figure *child) const
+{
+    const LayoutHelper *helper = getHelper(child);
+    return helper ? helper->constraint : QVariant();
+}
+
+bool Layout::setConstraint(Figure *child, const QVariant &constraint)
+{
+    const LayoutHelper *helper = getHelper(child);
+    if (!helper)
+        return false;
+    const QVariant old = helper->constraint;
+    if (!isSameConstraint(old, constraint)) {
+        const LifeGuard<Layout> self(this);
+        tellListenersOfConstraint(constraint);
+        if (!self.isAlive() || !getHelper(child))
+            return false;
+    }
+    if (isSameObject(old, constraint)) {
+        applyConstraint(child, constraint);
+        return true;
+    }
+    if (old == constraint)
+        return false;
+    return storeConstraint(child, constraint);
+}
+
+void Layout::tellListenersOfConstraint(const QVariant &constraint)
+{
+    notifyListeners([this, &constraint](ILayoutListener *listener) { listener->setConstraint(m_figure, constraint); });
+}
+
+bool Layout::storeConstraint(Figure *child, const QVariant &constraint)
+{
+    const QVariant stored = constraint;
+    dropConstraint(child);
+    if (LayoutHelper *helper = getHelper(child))
+        helper->constraint = stored;
+    watchConstraint(child, stored);
+    childChanged(child);
+    applyConstraint(child, stored);
+    return true;
+}
+
+// A constraint object may be deleted by its owner: its children's constraints become invalid then.
+void Layout::watchConstraint(Figure *child, const QVariant &constraint)
+{
+    QObject *object = objectOf(constraint);
+    if (!object)
+        return;
+    m_children->constraintObjects.insert(object, child);
+    connect(object, &QObject::destroyed, this, &Layout::constraintObjectDestroyed, Qt::UniqueConnection);
+}
+
+void Layout::dropConstraint(Figure *child)
+{
+    LayoutHelper *helper = getHelper(child);
+    if (!helper)
+        return;
+    QObject *object = objectOf(helper->constraint);
+    helper->constraint = QVariant();
+    if (!object)
+        return;
+    m_children->constraintObjects.remove(object, child);
+    if (!m_children->constraintObjects.contains(object))
+        disconnect(object, &QObject::destroyed, this, &Layout::constraintObjectDestroyed);
+    releaseObject(object);
+}
+
+void Layout::constraintObjectDestroyed(QObject *object)
+{
+    const QList<Figure *> children = m_children->constraintObjects.values(object);
+    m_children->constraintObjects.remove(object);
+    for (Figure *child : children) {
+        if (LayoutHelper *helper = getHelper(child))
+            helper->constraint = QVariant();
+    }
+}
+
+QSize Layout::getPreferredSize()
+{
+    if (!m_preferredSizeCache.isValid())
+        m_preferredSizeCache = calculatePreferredSize();
+    return m_preferredSizeCache;
+}
+
+QSize Layout::getMinimumSize()
+{
+    if (!m_minimumSizeCache.isValid())
+        m_minimumSizeCache = calculateMinimumSize();
+    return m_minimumSizeCache;
+}
+
+Qt::Orientations Layout::expandingDirections() const
+{
+    return m_expandingDirections;
+}
+
+void Layout::setExpandingDirections(Qt::Orientations directions)
+{
+    m_expandingDirections = directions & (Qt::Horizontal | Qt::Vertical);
+}
+
+void Layout::findDescendantFigures(QList<Figure *> &result, const QRect &area, const ITreeSearch &search,
+                                   bool contained) const
+{
+    forEachChild([&](Figure *child) {
+        if (child->isVisible())
+            child->findFigures(result, area, search, contained);
+    });
+}
+
+Figure *Layout::findDescendantAtExcluding(int x, int y, const ITreeSearch &search) const
+{
+    const QList<Figure *> children = childFigures();
+    for (auto child = children.crbegin(); child != children.crend(); ++child) {
+        if (!*child || !(*child)->isVisible())
+            continue;
+        if (Figure *found = (*child)->findFigureAt(x, y, search))
+            return found;
+    }
+    return nullptr;
+}
+
+bool Layout::isRelativeLayout() const
+{
+    return true;
+}
+
+void Layout::render(QPainter *painter, const QStyleOptionViewItem &option)
+{
+    if (!painter || !m_figure)
+        return;
+    const LifeGuard<Layout> self(this);
+    if (!isLaidOut() && (layout(m_figure), !self.isAlive() || !isLaidOut()))
+        return;
+    painter->save();
+    if (isClipping())
+        painter->setClipRect(option.rect, Qt::ReplaceClip);
+    forEachChild([painter, &option](Figure *child) {
+        if (child->isVisible())
+            child->render(painter, option);
+    });
+    painter->restore();
+}
+
+bool Layout::layout(Figure *container)
+{
+    if (!container)
+        return false;
+    if (isLaidOut())
+        return true;
+    const LifeGuard<Layout> self(this);
+    const LifeGuard<Figure> host(container);
+    bool taken = false;
+    notifyListeners([&](ILayoutListener *listener) { taken = listener->layout(container) || taken; });
+    if (!taken && self.isAlive() && host.isAlive()) {
+        QRect area = container->getClientArea();
+        const bool done = performLayout(container->translateFromParent(area));
+        if (self.isAlive())
+            setLaidOut(done);
+    }
+    if (!self.isAlive() || !host.isAlive())
+        return false;
+    notifyListeners([container](ILayoutListener *listener) { listener->postLayout(container); });
+    return self.isAlive() && isLaidOut();
+}
+
+void Layout::invalidate()
+{
+    const LifeGuard<Layout> self(this);
+    notifyListeners([this](ILayoutListener *listener) { listener->invalidate(m_figure); });
+    if (!self.isAlive())
+        return;
+    m_laidOut = false;
+    m_preferredSizeCache = QSize();
+    m_minimumSizeCache = QSize();
+}
+
+void Layout::addListener(ILayoutListener *listener)
+{
+    if (!listener) {
+        QMessageLogger().warning("Layout::addListener(): null listener");
+        return;
+    }
+    if (!m_listeners.contains(listener))
+        m_listeners.append(listener);
+}
+
+void Layout::removeListener(ILayoutListener *listener)
+{
+    if (!listener) {
+        QMessageLogger().warning("Layout::removeListener(): null listener");
+        return;
+    }
+    m_listeners.removeOne(listener);
+}
+
+bool Layout::isClipping() const
+{
+    return true;
+}
+
+bool Layout::applyConstraint(Figure *child, const QVariant &constraint)
+{
+    if (!child || !constraint.isValid())
+        return false;
+    QObject *object = objectOf(constraint);
+    void *locator = object ? object->qt_metacast(qobject_interface_iid<ILocator *>()) : nullptr;
+    if (locator)
+        static_cast<ILocator *>(locator)->relocate(child);
+    return true;
+}
+
+Layout::LayoutHelper *Layout::getHelper(Figure *child) const
+{
+    return m_children->helper(child);
+}
+
+unsigned int Layout::getHTotalStretch() const
+{
+    return totalStretch(&LayoutHelper::hStretch);
+}
+
+unsigned int Layout::getVTotalStretch() const
+{
+    return totalStretch(&LayoutHelper::vStretch);
+}
+
+unsigned int Layout::totalStretch(quint32 LayoutHelper::*stretch) const
+{
+    unsigned int total = 0;
+    forEachChild([&](Figure *child) {
+        const LayoutHelper *helper = child->isVisible() ? getHelper(child) : nullptr;
+        total += helper ? helper->*stretch : 0;
+    });
+    return total;
+}
+
+bool Layout::holds(const Figure *child) const
+{
+    return m_children->contains(child);
+}
+
+void Layout::forEachChild(const std::function<void(Figure *)> &visit) const
+{
+    const LifeGuard<Layout> self(this);
+    const QList<Figure *> children = childFigures();
+    const quint64 before = departures();
+    for (Figure *child : children) {
+        const bool left = departures() != before && !holds(child);
+        if (child && !left)
+            visit(child);
+        if (!self.isAlive())
+            return;
+    }
+}
+
+// Listeners may come and go during a notification: those that have gone are not called.
+void Layout::notifyListeners(const std::function<void(ILayoutListener *)> &notify)
+{
+    const LifeGuard<Layout> self(this);
+    const QList<ILayoutListener *> listeners = m_listeners;
+    for (ILayoutListener *listener : listeners) {
+        if (m_listeners.contains(listener))
+            notify(listener);
+        if (!self.isAlive())
+            return;
+    }
+}
+
+quint64 Layout::departures() const
+{
+    return m_children->departures();
+}
+
+void Layout::childChanged(Figure *child)
+{
+    if (m_childObserver)
+        m_childObserver->childChanged(child);
+}
+
+void Layout::takeOut(Figure *child)
+{
+    m_children->remove(child);
+    child->m_holders.removeOne(this);
+    if (m_childObserver)
+        m_childObserver->childRemoved(child);
+}
+
+// The child is in its destructor: only the books are put right and the container laid out anew.
+void Layout::forget(Figure *child)
+{
+    dropConstraint(child);
+    takeOut(child);
+    if (m_figure && m_figure->getFlag(Figure::FLAG_NOTIFIED))
+        m_figure->revalidate();
+}
+
+void Layout::releaseAll()
+{
+    const QList<QObject *> objects = m_children->constraintObjects.uniqueKeys();
+    const QList<Figure *> children = m_children->takeAll();
+    for (Figure *child : children) {
+        child->m_holders.removeOne(this);
+        if (m_childObserver)
+            m_childObserver->childRemoved(child);
+    }
+    for (QObject *object : objects) {
+        disconnect(object, &QObject::destroyed, this, &Layout::constraintObjectDestroyed);
+        releaseObject(object);
+    }
+}
+
+} // namespace Vantrel::Pictel
