@@ -18,8 +18,9 @@ namespace Vantrel::Pictel {
 
 namespace {
 
-constexpr const char *propertyChangedSignal = SIGNAL(propertyChanged(const QString &, const QVariant &, const QVariant &));
-constexpr const char *propertyChangedSlot = SLOT(propertyChanged(const QString &, const QVariant &, const QVariant &));
+// Signal and slot signatures as the SIGNAL and SLOT macros spell them.
+constexpr const char *propertyChangedSignal = "2propertyChanged(const QString &, const QVariant &, const QVariant &)";
+constexpr const char *propertyChangedSlot = "1propertyChanged(const QString &, const QVariant &, const QVariant &)";
 
 template <typename Listener>
 QObject *asObject(Listener *listener)
@@ -34,9 +35,9 @@ struct AncestorSignal
 };
 
 constexpr AncestorSignal ancestorSignals[] = {
-    {SIGNAL(ancestorAdded(Figure *)), SLOT(ancestorAdded(Figure *))},
-    {SIGNAL(ancestorMoved(Figure *)), SLOT(ancestorMoved(Figure *))},
-    {SIGNAL(ancestorRemoved(Figure *)), SLOT(ancestorRemoved(Figure *))},
+    {"2ancestorAdded(Figure *)", "1ancestorAdded(Figure *)"},
+    {"2ancestorMoved(Figure *)", "1ancestorMoved(Figure *)"},
+    {"2ancestorRemoved(Figure *)", "1ancestorRemoved(Figure *)"},
 };
 
 bool fits(const QSize &size, const QSize &bound)
