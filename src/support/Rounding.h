@@ -2,6 +2,8 @@
 
 #include <QPoint>
 #include <QPointF>
+#include <QRect>
+#include <QRectF>
 
 #include <limits>
 
@@ -28,6 +30,27 @@ constexpr int roundToInt(double value)
 constexpr QPoint roundedPoint(const QPointF &point)
 {
     return QPoint(roundToInt(point.x()), roundToInt(point.y()));
+}
+
+/// \a value cut off beyond 2^29, so that what is made of it can still be moved and grown; not-a-number becomes 0.
+constexpr double boundedCoordinate(double value)
+{
+    constexpr double limit = 1 << 29;
+    if (value > limit)
+        return limit;
+    if (value < -limit)
+        return -limit;
+    return value == value ? value : 0.0;
+}
+
+/// Rounds as QRectF::toRect() does, after cutting the four edges off as boundedCoordinate() does.
+constexpr QRect roundedRect(const QRectF &rect)
+{
+    const QRectF bounded(QPointF(boundedCoordinate(rect.left()), boundedCoordinate(rect.top())),
+                         QPointF(boundedCoordinate(rect.right()), boundedCoordinate(rect.bottom())));
+    // An untouched rectangle keeps its exact size, which right() - left() would not always give back.
+    const bool isUntouched = bounded.topLeft() == rect.topLeft() && bounded.bottomRight() == rect.bottomRight();
+    return (isUntouched ? rect : bounded).toRect();
 }
 
 } // namespace Vantrel::Pictel
