@@ -2,6 +2,7 @@
 
 #include <vtlpictel/figure/Figure.h>
 
+#include "figure/FocusFrame_p.h"
 #include "figure/PassOption_p.h"
 #include "support/LifeGuard.h"
 
@@ -28,17 +29,6 @@ void drawRubberBand(QPainter *painter, const QStyleOptionViewItem &option, const
     band.opaque = false;
     band.rect = area;
     QApplication::style()->drawControl(QStyle::CE_RubberBand, &band, painter, nullptr);
-}
-
-void drawFocusFrame(QPainter *painter, const QStyleOptionViewItem &option, const QRect &area)
-{
-    QStyleOptionFocusRect frame;
-    static_cast<QStyleOption &>(frame).operator=(option);
-    frame.type = QStyleOptionFocusRect::Type;
-    frame.version = QStyleOptionFocusRect::Version;
-    frame.state |= QStyle::State_KeyboardFocusChange;
-    frame.rect = area;
-    QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, painter, nullptr);
 }
 
 } // namespace

@@ -1,0 +1,136 @@
+#include <vtlpictel/figure/UpdateManager.h>
+
+#include <vtlpictel/figure/Figure.h>
+#include <vtlpictel/viewer/IFigureViewer.h>
+
+#include <QMessageLogger>
+#include <QSet>
+
+#include <utility>
+
+namespace Vantrel::Pictel {
+
+namespace {
+
+using ManagerSet = QSet<UpdateManager *>;
+
+// All managers, so that a dying figure can leave them. Figures may die as late as static destruction.
+Q_GLOBAL_STATIC(ManagerSet, livingManagers)
+
+} // namespace
+
+UpdateManager::UpdateManager(QObject *parent)
+    : QObject(parent)
+{
+    if (!livingManagers.isDestroyed())
+        livingManagers->insert(this);
+}
+
+UpdateManager::~UpdateManager()
+{
+    if (!livingManagers.isDestroyed())
+        livingManagers->remove(this);
+}
+
+void UpdateManager::setViewer(IFigureViewer *viewer)
+{
+    m_viewer = viewer;
+    m_viewerObject = dynamic_cast<QObject *>(viewer);
+    m_isViewerGuarded = !m_viewerObject.isNull();
+}
+
+IFigureViewer *UpdateManager::getViewer() const
+{
+    const bool isGone = m_isViewerGuarded && !m_viewerObject;
+    return isGone ? nullptr : m_viewer;
+}
+
+void UpdateManager::addDirtyRegion(Figure *figure, const QRect &rect)
+{
+    // Without a viewer the rectangle is not mapped: the other overload then only warns.
+    if (!getViewer()) {
+        addDirtyRegion(rect);
+    } else if (figure) {
+        QRect absolute = rect;
+        addDirtyRegion(figure->translateToAbsolute(absolute));
+    }
+}
+
+void UpdateManager::addDirtyRegion(const QRect &rect)
+{
+    IFigureViewer *viewer = getViewer();
+    if (!viewer) {
+        QMessageLogger().warning("UpdateManager::addDirtyRegion(): no managed widget");
+        return;
+    }
+    viewer->updateContentRect(rect);
+}
+
+void UpdateManager::addInvalidFigure(Figure *figure)
+{
+    if (!getViewer()) {
+        QMessageLogger().warning("UpdateManager::addInvalidFigure(): no managed widget");
+        return;
+    }
+    if (!figure) {
+        QMessageLogger().warning("UpdateManager::addInvalidFigure(): null figure pointer");
+        return;
+    }
+    if (!m_isValidating && !m_registrations.contains(figure))
+        m_registrations.insert(figure, m_invalidFigures.insert(m_invalidFigures.end(), figure));
+}
+
+void UpdateManager::performUpdate()
+{
+    IFigureViewer *viewer = getViewer();
+    if (!viewer) {
+        QMessageLogger().warning("UpdateManager::performUpdate(): no managed widget");
+        return;
+    }
+    if (m_isUpdating || m_invalidFigures.empty())
+        return;
+    const QPointer<UpdateManager> self(this);
+    m_isUpdating = true;
+    Q_EMIT aboutToValidate(viewer);
+    if (self)
+        validateInvalidFigures();
+    if (self)
+        m_isUpdating = false;
+}
+
+// A figure leaves the list before it is validated: whatever dies meanwhile, the list holds living figures only.
+void UpdateManager::validateInvalidFigures()
+{
+    const QPointer<UpdateManager> self(this);
+    m_isValidating = true;
+    while (self && !m_invalidFigures.empty())
+        takeFirstInvalidFigure()->validate();
+    if (self)
+        m_isValidating = false;
+}
+
+Figure *UpdateManager::takeFirstInvalidFigure()
+{
+    Figure *figure = m_invalidFigures.front();
+    forget(figure);
+    return figure;
+}
+
+void UpdateManager::forgetFigure(Figure *figure)
+{
+    if (livingManagers.isDestroyed())
+        return;
+    for (UpdateManager *manager : std::as_const(*livingManagers))
+        manager->forget(figure);
+}
+
+void UpdateManager::forget(Figure *figure)
+{
+    const auto registration = m_registrations.constFind(figure);
+    if (registration == m_registrations.cend())
+        return;
+    m_invalidFigures.erase(*registration);
+    m_registrations.erase(registration);
+}
+
+} // namespace Vantrel::Pictel
