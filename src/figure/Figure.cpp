@@ -52,8 +52,7 @@ const QString Figure::PROPERTY_PARENT = QStringLiteral("parent");
 Figure::Figure(QObject *parent, const QColor &backgroundColor)
     : QObject(parent)
     , m_backgroundColor(backgroundColor)
-{
-}
+{ }
 
 // Whoever refers to this figure lets go now: nothing is called that could reach the parts already destroyed.
 Figure::~Figure()

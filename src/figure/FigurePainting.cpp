@@ -90,9 +90,7 @@ void Figure::drawBackground(QPainter *painter, const QStyleOptionViewItem &optio
         painter->fillRect(option.rect, m_backgroundColor);
 }
 
-void Figure::drawFigure(QPainter *, const QStyleOptionViewItem &) const
-{
-}
+void Figure::drawFigure(QPainter *, const QStyleOptionViewItem &) const { }
 
 void Figure::drawBorder(QPainter *painter, const QStyleOptionViewItem &option, const Border *border) const
 {

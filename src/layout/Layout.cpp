@@ -47,8 +47,7 @@ void releaseObject(QObject *object)
 Layout::Layout(QObject *parent)
     : QObject(parent)
     , m_children(std::make_unique<ChildList>())
-{
-}
+{ }
 
 Layout::~Layout()
 {

@@ -247,7 +247,8 @@ public:
     int getHighlightStyle() const { return m_highlightStyle; }
 
 Q_SIGNALS:
-    /// An ancestor of this figure got a new parent. Emitted only while there are ancestor listeners; so are the next two.
+    /// An ancestor of this figure got a new parent. Emitted only while there are ancestor listeners; so are the next
+    /// two.
     void ancestorAdded(Figure *pAncestor);
     void ancestorMoved(Figure *pAncsetor);
     void ancestorRemoved(Figure *pAncestor);
