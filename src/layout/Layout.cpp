@@ -2,10 +2,10 @@
 
 #include "layout/ChildList_p.h"
 #include "layout/LayoutChildObserver_p.h"
+#include "layout/LocatorConstraint_p.h"
 #include "support/LifeGuard.h"
 
 #include <vtlpictel/figure/Figure.h>
-#include <vtlpictel/figure/ILocator.h>
 #include <vtlpictel/layout/ILayoutListener.h>
 
 #include <QMessageLogger>
@@ -15,16 +15,6 @@
 namespace Vantrel::Pictel {
 
 namespace {
-
-bool holdsObject(const QVariant &value)
-{
-    return value.metaType().flags().testFlag(QMetaType::PointerToQObject);
-}
-
-QObject *objectOf(const QVariant &value)
-{
-    return holdsObject(value) ? value.value<QObject *>() : nullptr;
-}
 
 bool isSameObject(const QVariant &first, const QVariant &second)
 {
@@ -131,6 +121,7 @@ bool Layout::remove(Figure *child)
     if (!self.isAlive() || !holds(child))
         return true;
     dropConstraint(child);
+    childChanged(child);
     if (m_figure && m_figure->getFlag(Figure::FLAG_NOTIFIED)) {
         child->removeNotify();
         if (self.isAlive() && m_figure)
@@ -362,10 +353,8 @@ bool Layout::applyConstraint(Figure *child, const QVariant &constraint)
 {
     if (!child || !constraint.isValid())
         return false;
-    QObject *object = objectOf(constraint);
-    void *locator = object ? object->qt_metacast(qobject_interface_iid<ILocator *>()) : nullptr;
-    if (locator)
-        static_cast<ILocator *>(locator)->relocate(child);
+    if (ILocator *locator = locatorOf(constraint))
+        locator->relocate(child);
     return true;
 }
 
@@ -448,10 +437,13 @@ void Layout::takeOut(Figure *child)
 // The child is in its destructor: only the books are put right and the container laid out anew.
 void Layout::forget(Figure *child)
 {
+    const LifeGuard<Layout> self(this);
     dropConstraint(child);
     takeOut(child);
     if (m_figure && m_figure->getFlag(Figure::FLAG_NOTIFIED))
         m_figure->revalidate();
+    if (self.isAlive() && m_childObserver)
+        m_childObserver->childDestroyed();
 }
 
 void Layout::releaseAll()

@@ -17,6 +17,8 @@ public:
     virtual void childRemoved(Figure *child) = 0;
     /// The constraint of \a child was stored or its visibility changed.
     virtual void childChanged(Figure *child) = 0;
+    /// A child that left did so because it was destroyed, not by Layout::remove().
+    virtual void childDestroyed() = 0;
 };
 
 } // namespace Vantrel::Pictel

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "layout/LayoutChildObserver_p.h"
+#include "layout/UnionTree_p.h"
+
+#include <QHash>
+#include <QSet>
+
+namespace Vantrel::Pictel {
+
+class FreeformLayout;
+
+/// Answers how far the children of a FreeformLayout reach, without asking all of them each time.
+///
+/// Terms: the contribution of a child is its constraint rectangle, resolved by the child, when the child is visible
+/// and has such a constraint; otherwise it has none. The extent is the union of the contributions in the order of the
+/// children, the result of a plain loop over them.
+///
+/// 1. Every child owns a slot of a UnionTree, which holds the contribution last seen.
+/// 2. A child that was added, got another constraint or was shown or hidden is due: the next extent() asks it anew.
+/// 3. A child whose contribution may change without any of these stays due: its constraint is not a valid rectangle,
+///    so that its preferred size enters, or it resolves valid rectangles to others.
+///
+/// What it does not see is a resolveBounds() that first leaves a valid rectangle alone and later, with the same
+/// constraint, does not.
+class ExtentIndex final : public LayoutChildObserver
+{
+public:
+    explicit ExtentIndex(FreeformLayout &layout);
+
+    /// The extent in the children's coordinates, without the container's border.
+    QRect extent();
+
+    void childAdded(Figure *child) override;
+    void childRemoved(Figure *child) override;
+    void childChanged(Figure *child) override;
+    /// Has the layout examine its extent, as removing the child would.
+    void childDestroyed() override;
+
+private:
+    void ask(Figure *child);
+    QRect lastNullContribution() const;
+
+    FreeformLayout &m_layout;
+    UnionTree m_contributions;
+    QHash<Figure *, int> m_slots;
+    QSet<Figure *> m_due;
+    QSet<Figure *> m_unsteady;
+};
+
+} // namespace Vantrel::Pictel

@@ -1,0 +1,116 @@
+#include <vtlpictel/layout/FreeformLayout.h>
+
+#include "layout/ExtentIndex_p.h"
+#include "support/LifeGuard.h"
+
+#include <vtlpictel/figure/Border.h>
+#include <vtlpictel/figure/Figure.h>
+#include <vtlpictel/figure/Insets.h>
+
+namespace Vantrel::Pictel {
+
+FreeformLayout::FreeformLayout(QObject *parent, bool contentMonitored)
+    : XYLayout(parent)
+    , m_contentMonitored(contentMonitored)
+    , m_index(std::make_unique<ExtentIndex>(*this))
+{
+    setChildObserver(m_index.get());
+}
+
+FreeformLayout::~FreeformLayout()
+{
+    setChildObserver(nullptr);
+}
+
+QPoint FreeformLayout::getOrigin(Figure *) const
+{
+    return QPoint(0, 0);
+}
+
+bool FreeformLayout::add(Figure *child, const QVariant &constraint, int index)
+{
+    return addMonitored(child, constraint, index);
+}
+
+bool FreeformLayout::add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index)
+{
+    return addMonitored(child, vStretch, hStretch, index);
+}
+
+template <typename... Arguments>
+bool FreeformLayout::addMonitored(Figure *child, const Arguments &...arguments)
+{
+    const LifeGuard<Layout> self(this);
+    const bool added = XYLayout::add(child, arguments...);
+    if (added && self.isAlive() && m_contentMonitored && holds(child))
+        connect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+    return added;
+}
+
+bool FreeformLayout::remove(Figure *child)
+{
+    const LifeGuard<Layout> self(this);
+    const LifeGuard<Figure> guest(child);
+    if (!XYLayout::remove(child))
+        return false;
+    if (!self.isAlive())
+        return true;
+    if (guest.isAlive())
+        disconnect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+    examineExtent();
+    return true;
+}
+
+bool FreeformLayout::isRelativeLayout() const
+{
+    return false;
+}
+
+QRect FreeformLayout::getFreeformExtent()
+{
+    if (!m_extent.isValid())
+        m_extent = calculateFreeformExtent();
+    return m_extent;
+}
+
+void FreeformLayout::setContentMonitored(bool monitored)
+{
+    Figure *container = getFigure();
+    if (container && m_contentMonitored && !monitored)
+        disconnect(container, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+    if (container && monitored)
+        connect(container, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+    m_contentMonitored = monitored;
+}
+
+void FreeformLayout::examineExtent()
+{
+    const QRect extent = calculateFreeformExtent();
+    if (extent == m_extent)
+        return;
+    m_extent = extent;
+    Q_EMIT extentChanged();
+}
+
+QSize FreeformLayout::calculatePreferredSize()
+{
+    return getMinimumSize();
+}
+
+QSize FreeformLayout::calculateMinimumSize()
+{
+    return getFreeformExtent().size();
+}
+
+QRect FreeformLayout::calculateFreeformExtent() const
+{
+    const Figure *container = getFigure();
+    if (!container)
+        return QRect();
+    QRect extent = m_index->extent();
+    if (const Border *border = container->getBorder())
+        border->getInsets().stripFrom(extent);
+    return extent;
+}
+
+} // namespace Vantrel::Pictel

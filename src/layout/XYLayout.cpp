@@ -1,0 +1,172 @@
+#include <vtlpictel/layout/XYLayout.h>
+
+#include "layout/LocatorConstraint_p.h"
+#include "layout/RectConstraint_p.h"
+#include "support/LifeGuard.h"
+
+#include <vtlpictel/figure/Figure.h>
+
+namespace Vantrel::Pictel {
+
+namespace {
+
+constexpr int PreferredMargin = 10;
+
+// A child whose locator (or own setBounds()) moves it anew each time it has moved would never come to rest.
+constexpr int MostNestedMoves = 64;
+
+template <typename Length>
+Length completedLength(Length asked, int minimum, int preferred)
+{
+    return asked >= 0 ? qMax(Length(minimum), asked) : Length(preferred);
+}
+
+template <typename Size>
+Size completedSize(const Size &asked, Figure *child)
+{
+    using Length = decltype(asked.width());
+    const bool isComplete = asked.width() >= 0 && asked.height() >= 0;
+    const QSize minimum = child->getMinimumSize();
+    const QSize preferred = isComplete ? QSize() : child->getPreferredSize();
+    return Size(completedLength<Length>(asked.width(), minimum.width(), preferred.width()),
+                completedLength<Length>(asked.height(), minimum.height(), preferred.height()));
+}
+
+QVariant completed(const QVariant &constraint, Figure *child)
+{
+    if (constraint.typeId() == QMetaType::QRect) {
+        const QRect asked = constraint.toRect();
+        return QRect(asked.topLeft(), completedSize(asked.size(), child));
+    }
+    const QRectF asked = constraint.toRectF();
+    return QRectF(asked.topLeft(), completedSize(asked.size(), child));
+}
+
+QSizeF askedSize(const QVariant &constraint)
+{
+    return constraint.typeId() == QMetaType::QRect ? QSizeF(constraint.toRect().size()) : constraint.toRectF().size();
+}
+
+// A negative length in the old constraint stands for the preferred one, and does so after a move as well.
+QRect boundsAsConstraint(QRect bounds, const QSizeF &askedBefore)
+{
+    if (askedBefore.width() < 0)
+        bounds.setWidth(-1);
+    if (askedBefore.height() < 0)
+        bounds.setHeight(-1);
+    return bounds;
+}
+
+} // namespace
+
+XYLayout::XYLayout(QObject *parent)
+    : Layout(parent)
+{ }
+
+XYLayout::~XYLayout() = default;
+
+QPoint XYLayout::getOrigin(Figure *figure) const
+{
+    const QRect area = figure ? figure->getClientArea() : QRect();
+    return area.isValid() ? area.topLeft() : QPoint(0, 0);
+}
+
+void XYLayout::childMoved(Figure *pFigure)
+{
+    if (!pFigure || !isLaidOut() || m_nestedMoves >= MostNestedMoves)
+        return;
+    const LifeGuard<Layout> self(this);
+    const LifeGuard<Figure> child(pFigure);
+    ++m_nestedMoves;
+    const bool changed = followMove(pFigure);
+    if (!self.isAlive())
+        return;
+    --m_nestedMoves;
+    if (changed && child.isAlive())
+        Q_EMIT constraintChanged(pFigure);
+}
+
+bool XYLayout::followMove(Figure *child)
+{
+    const QVariant constraint = getConstraint(child);
+    if (isRectConstraint(constraint))
+        return setConstraint(child, boundsAsConstraint(child->getBounds(), askedSize(constraint)));
+    ILocator *locator = locatorOf(constraint);
+    if (locator)
+        locator->relocate(child);
+    return locator != nullptr;
+}
+
+bool XYLayout::add(Figure *child, const QVariant &constraint, int index)
+{
+    return addWatched(child, constraint, index);
+}
+
+bool XYLayout::add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index)
+{
+    return addWatched(child, vStretch, hStretch, index);
+}
+
+// Adding calls out to figures and listeners, which may take the child away again or delete the layout.
+template <typename... Arguments>
+bool XYLayout::addWatched(Figure *child, const Arguments &...arguments)
+{
+    const LifeGuard<Layout> self(this);
+    const bool added = Layout::add(child, arguments...);
+    if (added && self.isAlive() && holds(child))
+        connect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(childMoved(Figure *)));
+    return added;
+}
+
+bool XYLayout::remove(Figure *child)
+{
+    if (child)
+        disconnect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(childMoved(Figure *)));
+    return Layout::remove(child);
+}
+
+bool XYLayout::setConstraint(Figure *child, const QVariant &constraint)
+{
+    if (!child || !isRectConstraint(constraint))
+        return Layout::setConstraint(child, constraint);
+    return Layout::setConstraint(child, completed(constraint, child));
+}
+
+QSize XYLayout::calculatePreferredSize()
+{
+    return getMinimumSize() + QSize(PreferredMargin, PreferredMargin);
+}
+
+QSize XYLayout::calculateMinimumSize()
+{
+    if (!getFigure())
+        return QSize();
+    QRect occupied(0, 0, 1, 1);
+    forEachChild([this, &occupied](Figure *child) {
+        if (!child->isVisible())
+            return;
+        const QRect asked = toRect(getConstraint(child));
+        occupied |= QRect(asked.topLeft(), child->getPreferredSize().expandedTo(asked.size()));
+    });
+    return occupied.size();
+}
+
+bool XYLayout::performLayout(const QRect &)
+{
+    forEachChild([this](Figure *child) {
+        if (child->isVisible())
+            applyConstraint(child, getConstraint(child));
+    });
+    return true;
+}
+
+bool XYLayout::applyConstraint(Figure *child, const QVariant &constraint)
+{
+    if (!Layout::applyConstraint(child, constraint))
+        return false;
+    if (isRectConstraint(constraint))
+        child->setBounds(toRect(constraint));
+    return true;
+}
+
+} // namespace Vantrel::Pictel
