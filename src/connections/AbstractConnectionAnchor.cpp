@@ -43,6 +43,8 @@ QPoint AbstractConnectionAnchor::getReferencePoint() const
 
 void AbstractConnectionAnchor::removeAnchorListener(IAnchorListener *listener)
 {
+    if (!listener)
+        return;
     ConnectionAnchorBase::removeAnchorListener(listener);
     stopListening();
 }

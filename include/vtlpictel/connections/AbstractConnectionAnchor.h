@@ -33,7 +33,7 @@ public:
     Figure *getOwner() const override;
     /// The rounded centre of the owner's bounds; (0, 0) without an owner.
     QPoint getReferencePoint() const override;
-    /// Takes \a listener away and stops listening to the owner, also for the listeners that remain.
+    /// Takes \a listener away and stops listening to the owner, also for the listeners that remain. Null is ignored.
     void removeAnchorListener(IAnchorListener *listener) override;
 
     /// Moves the anchor to \a owner, which may be null, and listens to it at once. Emits nothing: have the

@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QSize>
 
+#include <type_traits>
+
 namespace Vantrel::Pictel {
 
 class IConnection;
@@ -27,6 +29,11 @@ public:
     /// Creates a bendpoint without a connection.
     explicit RelativeBendpoint(QObject *parent = nullptr);
     explicit RelativeBendpoint(IConnection *connection, QObject *parent = nullptr);
+    /// The same for a connection figure, which is a QObject too and would otherwise pass for either argument.
+    template <typename Connection, typename = std::enable_if_t<std::is_convertible_v<Connection *, IConnection *>>>
+    explicit RelativeBendpoint(Connection *connection, QObject *parent = nullptr)
+        : RelativeBendpoint(static_cast<IConnection *>(connection), parent)
+    { }
     /// Copies connection, weight and offsets; the copy has no parent.
     RelativeBendpoint(const RelativeBendpoint &other);
     ~RelativeBendpoint() override;
