@@ -31,9 +31,7 @@ public:
     void setRootUpdateManager(Vantrel::Pictel::UpdateManager *manager) { m_rootUpdateManager = manager; }
 
     using Figure::applyMargin;
-    using Figure::calculateContentSize;
     using Figure::isValid;
-    using Figure::primTranslate;
     using Figure::removeMargin;
     using Figure::setChildrenEnabled;
     using Figure::setFlag;
@@ -53,18 +51,18 @@ public:
     void repaint() override;
     void render(QPainter *painter, const QStyleOptionViewItem &option) override;
     QRect getBoundingRect() override;
+    QSize calculateContentSize() override;
+    void primTranslate(int dx, int dy) override;
     Vantrel::Pictel::UpdateManager *getUpdateManager() const override;
 
 protected:
     void layout() override;
-    QSize calculateContentSize() override;
     void drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const override;
     void drawFigure(QPainter *painter, const QStyleOptionViewItem &option) const override;
     void drawBorder(QPainter *painter, const QStyleOptionViewItem &option,
                     const Vantrel::Pictel::Border *border) const override;
     void drawChildren(QPainter *painter, const QStyleOptionViewItem &option) const override;
     bool isValidateRoot() const override { return m_validateRoot; }
-    void primTranslate(int dx, int dy) override;
 
 private:
     void note(const QString &call) const;

@@ -27,7 +27,6 @@ public:
     bool isRelative = true; ///< isRelativeLayout()
     std::optional<bool> clips; ///< isClipping() instead of the base class's answer
 
-    using Layout::applyConstraint;
     using Layout::getHelper;
     using Layout::getHTotalStretch;
     using Layout::getVTotalStretch;
@@ -41,12 +40,13 @@ public:
     bool isRelativeLayout() const override { return isRelative; }
     void invalidate() override;
 
+    bool applyConstraint(Figure *child, const QVariant &constraint) override;
+
 protected:
     QSize calculatePreferredSize() override;
     QSize calculateMinimumSize() override;
     bool performLayout(const QRect &clientArea) override;
     bool isClipping() const override { return clips ? *clips : Layout::isClipping(); }
-    bool applyConstraint(Figure *child, const QVariant &constraint) override;
 
 private:
     void note(const QString &call) const;
