@@ -2,6 +2,8 @@
 
 #include <vtlpictel/shapes/Shape.h>
 
+#include "support/LifeGuard.h"
+
 #include <QMessageLogger>
 #include <QPainterPathStroker>
 
@@ -91,9 +93,9 @@ public:
 
     void setEnds(const Point &start, const Point &end)
     {
-        const QPointer<Shape> line(&m_line);
+        const LifeGuard<Figure> line(&m_line);
         setStart(start);
-        if (line)
+        if (line.isAlive())
             setEnd(end);
     }
 
@@ -112,10 +114,10 @@ private:
 
     void rebuildAndRepaint()
     {
-        const QPointer<Shape> line(&m_line);
+        const LifeGuard<Figure> line(&m_line);
         rebuild();
-        if (line)
-            line->repaint();
+        if (line.isAlive())
+            m_line.repaint();
     }
 
     Shape &m_line;

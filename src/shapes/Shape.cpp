@@ -1,5 +1,6 @@
 #include <vtlpictel/shapes/Shape.h>
 
+#include "support/LifeGuard.h"
 #include "support/Rounding.h"
 
 #include <QBrush>
@@ -123,10 +124,10 @@ void Shape::removeNotify()
 
 void Shape::setBounds(const QRect &bounds)
 {
-    const QPointer<Shape> alive(this);
+    const LifeGuard<Figure> self(this);
     if (bounds != getBounds())
         Q_EMIT pathChanged(QRectF(withoutHalfLine(bounds, m_lineWidth)));
-    if (alive)
+    if (self.isAlive())
         Figure::setBounds(bounds);
 }
 
