@@ -14,7 +14,7 @@ LabelFigure::LabelFigure(const QString &text, const QPixmap &pixmap, Qt::Orienta
     , m_textFigure(new TextFigure(text, this, Qt::transparent))
 {
     setOrientation(orientation);
-    addChildren({m_pixmapFigure, m_textFigure});
+    addChildren({m_pixmapFigure.data(), m_textFigure.data()});
 }
 
 LabelFigure::~LabelFigure() = default;

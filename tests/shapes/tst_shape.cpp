@@ -340,8 +340,7 @@ void tst_Shape::pathLeavesHalfTheLineFree()
 
 void tst_Shape::shapeDeletedByItsPathChangedListenerStopsThere()
 {
-    QObject::connect(m_shape.get(), &Shape::pathChanged, &m_tree->root(),
-                     [this] { m_shape.reset(); });
+    QObject::connect(m_shape.get(), &Shape::pathChanged, &m_tree->root(), [this] { m_shape.reset(); });
     m_shape->setBounds(QRect(0, 0, 30, 40));
     QCOMPARE(m_tree->root().childFigures(), QList<Figure *>());
 }
