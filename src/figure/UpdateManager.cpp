@@ -4,30 +4,32 @@
 #include <vtlpictel/viewer/IFigureViewer.h>
 
 #include <QMessageLogger>
+#include <QSet>
+
+#include <utility>
 
 namespace Vantrel::Pictel {
 
 namespace {
 
-// All living managers are chained, so that a dying figure can leave them. Figures may die as late as static
-// destruction, when a container might be gone already.
-UpdateManager *firstManager = nullptr;
+using ManagerSet = QSet<UpdateManager *>;
+
+// All managers, so that a dying figure can leave them. Figures may die as late as static destruction.
+Q_GLOBAL_STATIC(ManagerSet, livingManagers)
 
 } // namespace
 
 UpdateManager::UpdateManager(QObject *parent)
     : QObject(parent)
-    , m_nextManager(firstManager)
 {
-    firstManager = this;
+    if (!livingManagers.isDestroyed())
+        livingManagers->insert(this);
 }
 
 UpdateManager::~UpdateManager()
 {
-    UpdateManager **link = &firstManager;
-    while (*link != this)
-        link = &(*link)->m_nextManager;
-    *link = m_nextManager;
+    if (!livingManagers.isDestroyed())
+        livingManagers->remove(this);
 }
 
 void UpdateManager::setViewer(IFigureViewer *viewer)
@@ -116,7 +118,9 @@ Figure *UpdateManager::takeFirstInvalidFigure()
 
 void UpdateManager::forgetFigure(Figure *figure)
 {
-    for (UpdateManager *manager = firstManager; manager; manager = manager->m_nextManager)
+    if (livingManagers.isDestroyed())
+        return;
+    for (UpdateManager *manager : std::as_const(*livingManagers))
         manager->forget(figure);
 }
 

@@ -43,14 +43,20 @@ constexpr double boundedCoordinate(double value)
     return value == value ? value : 0.0;
 }
 
-/// Rounds as QRectF::toRect() does, after cutting the four edges off as boundedCoordinate() does.
-constexpr QRect roundedRect(const QRectF &rect)
+/// \a rect with its four edges cut off as boundedCoordinate() does.
+constexpr QRectF boundedRect(const QRectF &rect)
 {
     const QRectF bounded(QPointF(boundedCoordinate(rect.left()), boundedCoordinate(rect.top())),
                          QPointF(boundedCoordinate(rect.right()), boundedCoordinate(rect.bottom())));
     // An untouched rectangle keeps its exact size, which right() - left() would not always give back.
     const bool isUntouched = bounded.topLeft() == rect.topLeft() && bounded.bottomRight() == rect.bottomRight();
-    return (isUntouched ? rect : bounded).toRect();
+    return isUntouched ? rect : bounded;
+}
+
+/// Rounds as QRectF::toRect() does, after cutting the four edges off as boundedCoordinate() does.
+constexpr QRect roundedRect(const QRectF &rect)
+{
+    return boundedRect(rect).toRect();
 }
 
 } // namespace Vantrel::Pictel
