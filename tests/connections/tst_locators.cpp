@@ -1,9 +1,9 @@
 #include "support/TestMain.h"
 
+#include <vtlpictel/connections/ChopboxAnchor.h>
 #include <vtlpictel/connections/PolylineConnection.h>
 #include <vtlpictel/connections/PolylineFConnection.h>
 #include <vtlpictel/connections/XYAnchor.h>
-#include <vtlpictel/connections/ChopboxAnchor.h>
 #include <vtlpictel/figure/ArrowLocator.h>
 #include <vtlpictel/figure/BendpointLocator.h>
 #include <vtlpictel/figure/ConnectionEndpointLocator.h>
@@ -285,23 +285,19 @@ void tst_Locators::arrowLocatorPlacesAndTurnsAtTheEnds_data()
     QTest::addColumn<int>("alignment");
     QTest::addColumn<QList<QPoint>>("points");
     // The tip sits on the end, the 7 x 6 head lies towards the next point.
-    QTest::newRow("source") << 1 << QList<QPoint> {QPoint(17, 23), QPoint(10, 20), QPoint(17, 17)};
+    QTest::newRow("source") << 1 << QList<QPoint> {QPoint(17, 17), QPoint(10, 20), QPoint(17, 23)};
     QTest::newRow("target") << 2 << QList<QPoint> {QPoint(47, 53), QPoint(50, 60), QPoint(53, 53)};
 }
 
 void tst_Locators::arrowLocatorPlacesAndTurnsAtTheEnds()
 {
     QFETCH(int, alignment);
-    QFETCH(QList<QPoint>, points);
     PolylineConnection connection;
     connection.setPoints({QPoint(10, 20), QPoint(50, 20), QPoint(50, 60)});
     PolygonDecoration arrow;
     ArrowLocator locator(&connection, static_cast<ConnectionLocator::Alignment>(alignment));
     locator.relocate(&arrow);
-    const QList<QPoint> actual = arrow.getLinePoints();
-    QCOMPARE(QSet<QPair<int, int>>({{actual[0].x(), actual[0].y()}, {actual[2].x(), actual[2].y()}}),
-             QSet<QPair<int, int>>({{points[0].x(), points[0].y()}, {points[2].x(), points[2].y()}}));
-    QCOMPARE(actual[1], points[1]);
+    QTEST(arrow.getLinePoints(), "points");
 }
 
 void tst_Locators::arrowLocatorWithForcedMiddleOnlyMoves()
@@ -505,11 +501,11 @@ void tst_Locators::endpointLocatorPlacesBesideTheLine_data()
     QTest::newRow("to the right, on the line") << right << false << 0 << QRect(14, -5, 20, 10);
     QTest::newRow("to the right, above") << right << false << -4 << QRect(14, -14, 20, 10);
     QTest::newRow("to the left") << right << true << 4 << QRect(66, 4, 20, 10);
-    QTest::newRow("down") << down << false << 4 << QRect(18, 14, 20, 10);
-    QTest::newRow("up") << down << true << 4 << QRect(-10, 76, 20, 10);
+    QTest::newRow("down") << down << false << 4 << QRect(4, 14, 20, 10);
+    QTest::newRow("up") << down << true << 4 << QRect(4, 76, 20, 10);
     QTest::newRow("along a slope") << slanted << false << 4 << QRect(14, 11, 20, 10);
-    QTest::newRow("a point counts as upwards") << QList<QPoint> {QPoint(7, 7), QPoint(7, 7)} << false << 4
-                                               << QRect(-3, -17, 20, 10);
+    QTest::newRow("a point counts as upwards")
+        << QList<QPoint> {QPoint(7, 7), QPoint(7, 7)} << false << 4 << QRect(-3, -17, 20, 10);
 }
 
 void tst_Locators::endpointLocatorPlacesBesideTheLine()
@@ -533,8 +529,8 @@ void tst_Locators::endpointLocatorTakesTheSideOfTheOwner_data()
     // The owner is 101 x 51 at (0, 0), its centre (50, 25); the line always leads to (500, 26), far to the right.
     QTest::newRow("right side") << QPoint(101, 25) << QRect(115, 29, 20, 10);
     QTest::newRow("left side") << QPoint(-1, 25) << QRect(-35, 28, 20, 10);
-    QTest::newRow("above the centre") << QPoint(50, -1) << QRect(39, -25, 20, 10);
-    QTest::newRow("below the centre") << QPoint(50, 51) << QRect(68, 65, 20, 10);
+    QTest::newRow("above the centre") << QPoint(50, -1) << QRect(40, -25, 20, 10);
+    QTest::newRow("below the centre") << QPoint(50, 51) << QRect(40, 65, 20, 10);
     QTest::newRow("above, off the centre") << QPoint(60, -1) << QRect(50, -25, 20, 10);
     QTest::newRow("below, off the centre") << QPoint(40, 51) << QRect(30, 65, 20, 10);
     QTest::newRow("on the diagonal counts as the side") << QPoint(100, 50) << QRect(114, 53, 20, 10);
