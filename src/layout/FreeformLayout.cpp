@@ -2,12 +2,24 @@
 
 #include "layout/ExtentIndex_p.h"
 #include "support/LifeGuard.h"
+#include "support/SignalConnection.h"
 
 #include <vtlpictel/figure/Border.h>
 #include <vtlpictel/figure/Figure.h>
 #include <vtlpictel/figure/Insets.h>
 
 namespace Vantrel::Pictel {
+
+namespace {
+
+const SignalConnection &examinedMoves()
+{
+    static const SignalConnection connection(Figure::staticMetaObject, "figureMoved(Figure*)",
+                                             FreeformLayout::staticMetaObject, "examineExtent()");
+    return connection;
+}
+
+} // namespace
 
 FreeformLayout::FreeformLayout(QObject *parent, bool contentMonitored)
     : XYLayout(parent)
@@ -43,7 +55,7 @@ bool FreeformLayout::addMonitored(Figure *child, const Arguments &...arguments)
     const LifeGuard<Layout> self(this);
     const bool added = XYLayout::add(child, arguments...);
     if (added && self.isAlive() && m_contentMonitored && holds(child))
-        connect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+        examinedMoves().connect(child, this);
     return added;
 }
 
@@ -56,7 +68,7 @@ bool FreeformLayout::remove(Figure *child)
     if (!self.isAlive())
         return true;
     if (guest.isAlive())
-        disconnect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+        examinedMoves().disconnect(child, this);
     examineExtent();
     return true;
 }
@@ -77,9 +89,9 @@ void FreeformLayout::setContentMonitored(bool monitored)
 {
     Figure *container = getFigure();
     if (container && m_contentMonitored && !monitored)
-        disconnect(container, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+        examinedMoves().disconnect(container, this);
     if (container && monitored)
-        connect(container, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+        examinedMoves().connect(container, this);
     m_contentMonitored = monitored;
 }
 

@@ -3,6 +3,7 @@
 #include "layout/LocatorConstraint_p.h"
 #include "layout/RectConstraint_p.h"
 #include "support/LifeGuard.h"
+#include "support/SignalConnection.h"
 
 #include <vtlpictel/figure/Figure.h>
 
@@ -11,6 +12,13 @@ namespace Vantrel::Pictel {
 namespace {
 
 constexpr int PreferredMargin = 10;
+
+const SignalConnection &followedMoves()
+{
+    static const SignalConnection connection(Figure::staticMetaObject, "figureMoved(Figure*)",
+                                             XYLayout::staticMetaObject, "childMoved(Figure*)");
+    return connection;
+}
 
 // A child whose locator (or own setBounds()) moves it anew each time it has moved would never come to rest.
 constexpr int MostNestedMoves = 64;
@@ -114,14 +122,14 @@ bool XYLayout::addWatched(Figure *child, const Arguments &...arguments)
     const LifeGuard<Layout> self(this);
     const bool added = Layout::add(child, arguments...);
     if (added && self.isAlive() && holds(child))
-        connect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(childMoved(Figure *)));
+        followedMoves().connect(child, this);
     return added;
 }
 
 bool XYLayout::remove(Figure *child)
 {
     if (child)
-        disconnect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(childMoved(Figure *)));
+        followedMoves().disconnect(child, this);
     return Layout::remove(child);
 }
 

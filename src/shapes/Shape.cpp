@@ -2,6 +2,7 @@
 
 #include "support/LifeGuard.h"
 #include "support/Rounding.h"
+#include "support/SignalConnection.h"
 
 #include <QBrush>
 #include <QPainter>
@@ -21,6 +22,13 @@ constexpr int printerDotsPerInch = 150;
 constexpr double penWidthRounding = 0.4999;
 /// The widest pen that QPen takes.
 constexpr int maximumPenWidth = 0x7fff;
+
+const SignalConnection &pathUpdates()
+{
+    static const SignalConnection connection(Shape::staticMetaObject, "pathChanged(QRectF)", Shape::staticMetaObject,
+                                             "regeneratePath(QRectF)");
+    return connection;
+}
 
 /// \a rect without half a line on each side; the odd pixel goes to the right and the bottom.
 QRect withoutHalfLine(const QRect &rect, int lineWidth)
@@ -113,12 +121,12 @@ void Shape::addNotify()
 {
     Figure::addNotify();
     // One connection is enough, also when a tree is announced twice.
-    connect(this, SIGNAL(pathChanged(QRectF)), this, SLOT(regeneratePath(QRectF)), Qt::UniqueConnection);
+    pathUpdates().connect(this, this, Qt::UniqueConnection);
 }
 
 void Shape::removeNotify()
 {
-    disconnect(this, SIGNAL(pathChanged(QRectF)), this, SLOT(regeneratePath(QRectF)));
+    pathUpdates().disconnect(this, this);
     Figure::removeNotify();
 }
 
