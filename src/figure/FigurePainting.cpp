@@ -56,10 +56,13 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
 
 void Figure::paintOwn(QPainter *painter, const QStyleOptionViewItem &option) const
 {
+    const LifeGuard<Figure> self(this);
     painter->save();
     drawBackground(painter, option);
-    drawFigure(painter, option);
-    drawBorder(painter, option, getBorder());
+    if (self.isAlive())
+        drawFigure(painter, option);
+    if (self.isAlive())
+        drawBorder(painter, option, getBorder());
     painter->restore();
 }
 
