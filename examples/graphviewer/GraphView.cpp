@@ -1,0 +1,294 @@
+#include "GraphView.h"
+
+#include "Element.h"
+#include "GraphScene.h"
+
+#include <vtlpictel/layers/FreeformLayeredPane.h>
+
+#include <QHoverEvent>
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QPinchGesture>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace GraphViewer {
+
+using namespace Vantrel::Pictel;
+
+namespace {
+
+constexpr double zoomStep = 1.25;
+constexpr double smallestScale = 0.0005;
+constexpr double largestScale = 16.0;
+
+} // namespace
+
+GraphView::GraphView(QWidget *parent)
+    : FreeformViewer(parent)
+{
+    setFrameShape(QFrame::NoFrame);
+    setXYMargins(margin, margin);
+    setScaleBounds(smallestScale, largestScale);
+    viewport()->grabGesture(Qt::PinchGesture);
+}
+
+GraphView::~GraphView() = default;
+
+// Content
+
+void GraphView::showGraph(const GraphDocument &document)
+{
+    endDrag();
+    setHovered(nullptr);
+    auto scene = std::make_unique<GraphScene>();
+    setContent(scene->content());
+    scene->build(document);
+    m_scene.swap(scene);
+    adoptScene();
+    zoomToFit();
+    if (getScale() > 1.0)
+        zoomToActualSize();
+}
+
+void GraphView::adoptScene()
+{
+    m_scene->setGridVisible(m_gridVisible);
+    m_scene->setAntialiasing(m_antialiasing);
+    updatePaper();
+    relayout();
+}
+
+// The widget's base colour is what pictures are filled with; the property is what the screen is.
+void GraphView::updatePaper()
+{
+    QPalette palette = widget()->palette();
+    palette.setColor(QPalette::Base, m_scene->paper());
+    widget()->setPalette(palette);
+    widget()->setProperty("backgroundColor", m_scene->paper());
+}
+
+// Makes the scrolled area fit the graph and what is visible; the view stays where it is.
+void GraphView::relayout()
+{
+    const QPoint location = getViewLocation();
+    setScale(getScale(), &location);
+}
+
+void GraphView::setGridVisible(bool visible)
+{
+    m_gridVisible = visible;
+    if (m_scene)
+        m_scene->setGridVisible(visible);
+}
+
+void GraphView::setAntialiasing(bool on)
+{
+    m_antialiasing = on;
+    if (m_scene)
+        m_scene->setAntialiasing(on);
+}
+
+// Zooming
+
+void GraphView::zoomIn()
+{
+    zoomCentered(getScale() * zoomStep);
+}
+
+void GraphView::zoomOut()
+{
+    zoomCentered(getScale() / zoomStep);
+}
+
+void GraphView::zoomToActualSize()
+{
+    zoomCentered(1.0);
+}
+
+void GraphView::zoomToFit()
+{
+    scaleToFit();
+}
+
+void GraphView::zoomCentered(double scale)
+{
+    zoomAt(scale, QRectF(viewport()->rect()).center());
+}
+
+void GraphView::zoomAt(double scale, const QPointF &at)
+{
+    if (!m_scene)
+        return;
+    const QPointF contentPoint = anchorAt(at);
+    setScaleAt(scale, contentPoint.toPoint());
+    pin(contentPoint, at);
+    const QPointF missing = fromContent(contentPoint) - at;
+    if (missing.manhattanLength() <= 1.0)
+        return;
+    makeRoomAround(toContent(QPointF()) + missing / getScale());
+    pin(contentPoint, at);
+}
+
+// Steps at one place all keep the same point; taking it anew each time would add up the rounding of the scroll bars.
+QPointF GraphView::anchorAt(const QPointF &at)
+{
+    const bool undisturbed
+        = m_anchorValid && at == m_anchorPosition && (fromContent(m_anchor) - at).manhattanLength() <= 2.0;
+    if (!undisturbed)
+        m_anchor = toContent(at);
+    m_anchorPosition = at;
+    m_anchorValid = true;
+    return m_anchor;
+}
+
+// The viewer zooms in whole content units, which are many pixels at a large scale; scrolling makes up for the rest.
+void GraphView::pin(const QPointF &contentPoint, const QPointF &at)
+{
+    scrollBy((fromContent(contentPoint) - at).toPoint());
+}
+
+// At the rim of the scrolled area the rest cannot be scrolled until there is one more content unit on each side.
+void GraphView::makeRoomAround(const QPointF &topLeft)
+{
+    const QPoint before(static_cast<int>(std::floor(topLeft.x())) - 1, static_cast<int>(std::floor(topLeft.y())) - 1);
+    setViewLocation(before, false);
+    setViewLocation(before + QPoint(3, 3), false);
+}
+
+void GraphView::scrollBy(const QPoint &pixels)
+{
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + pixels.x());
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + pixels.y());
+}
+
+void GraphView::wheelEvent(QWheelEvent *event)
+{
+    if (!(event->modifiers() & Qt::ControlModifier))
+        return FreeformViewer::wheelEvent(event);
+    zoomAt(getScale() * std::pow(zoomStep, event->angleDelta().y() / 120.0), event->position());
+    event->accept();
+}
+
+bool GraphView::pinch(QGestureEvent *event)
+{
+    const auto *gesture = static_cast<QPinchGesture *>(event->gesture(Qt::PinchGesture));
+    if (!gesture)
+        return false;
+    if (gesture->changeFlags() & QPinchGesture::ScaleFactorChanged)
+        zoomAt(getScale() * gesture->scaleFactor(), viewport()->mapFromGlobal(gesture->centerPoint()));
+    event->accept();
+    return true;
+}
+
+bool GraphView::nativeGesture(QNativeGestureEvent *event)
+{
+    if (event->gestureType() != Qt::ZoomNativeGesture)
+        return false;
+    zoomAt(getScale() * (1.0 + event->value()), viewport()->mapFromGlobal(event->globalPosition()));
+    return true;
+}
+
+bool GraphView::viewportEvent(QEvent *event)
+{
+    if (event->type() == QEvent::Gesture && pinch(static_cast<QGestureEvent *>(event)))
+        return true;
+    if (event->type() == QEvent::NativeGesture && nativeGesture(static_cast<QNativeGestureEvent *>(event)))
+        return true;
+    if (event->type() == QEvent::Leave)
+        setHovered(nullptr);
+    return FreeformViewer::viewportEvent(event);
+}
+
+// Pointing
+
+Element *GraphView::elementAt(const QPoint &viewportPoint)
+{
+    return m_scene ? m_scene->elementAt(toContent(viewportPoint)) : nullptr;
+}
+
+// The scrolled widget sends its hover events here, in its own coordinates.
+bool GraphView::event(QEvent *event)
+{
+    if (event->type() == QEvent::HoverMove)
+        hoverAt(widget()->mapTo(viewport(), static_cast<QHoverEvent *>(event)->position().toPoint()));
+    return FreeformViewer::event(event);
+}
+
+void GraphView::hoverAt(const QPoint &viewportPoint)
+{
+    if (m_drag == Drag::None && viewport()->rect().contains(viewportPoint))
+        setHovered(elementAt(viewportPoint));
+}
+
+void GraphView::setHovered(Element *element)
+{
+    if (m_hovered == element)
+        return;
+    if (m_hovered)
+        m_hovered->setHighlighted(false);
+    m_hovered = element;
+    if (m_hovered)
+        m_hovered->setHighlighted(true);
+    Q_EMIT elementHovered(element ? element->name() : QString());
+}
+
+// Dragging
+
+void GraphView::mousePressEvent(QMouseEvent *event)
+{
+    FreeformViewer::mousePressEvent(event);
+    const QPoint position = event->position().toPoint();
+    if (event->button() != Qt::LeftButton && event->button() != Qt::MiddleButton)
+        return;
+    event->accept();
+    Element *element = event->button() == Qt::LeftButton ? elementAt(position) : nullptr;
+    m_dragged = element && element->isMovable() ? element : nullptr;
+    m_drag = m_dragged ? Drag::Element : Drag::View;
+    m_dragPosition = m_dragged ? toContent(position) : position;
+    viewport()->setCursor(m_dragged ? Qt::SizeAllCursor : Qt::ClosedHandCursor);
+}
+
+void GraphView::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPoint position = event->position().toPoint();
+    if (m_drag == Drag::View) {
+        scrollBy(m_dragPosition - position);
+        m_dragPosition = position;
+    } else if (m_drag == Drag::Element) {
+        dragElement(position);
+    }
+    event->accept();
+}
+
+void GraphView::dragElement(const QPoint &viewportPoint)
+{
+    const QPointF contentPoint = toContent(QPointF(viewportPoint));
+    m_scene->move(m_dragged, contentPoint.toPoint() - m_dragPosition);
+    m_dragPosition = contentPoint.toPoint();
+    if (!m_dragged || m_scene->content()->getBounds().contains(m_dragged->getBounds()))
+        return;
+    m_scene->updateExtent();
+    relayout();
+    pin(contentPoint, viewportPoint);
+}
+
+void GraphView::mouseReleaseEvent(QMouseEvent *event)
+{
+    endDrag();
+    hoverAt(event->position().toPoint());
+    event->accept();
+}
+
+void GraphView::endDrag()
+{
+    if (m_drag == Drag::Element && m_scene)
+        m_scene->updateExtent();
+    m_drag = Drag::None;
+    m_dragged = nullptr;
+    viewport()->unsetCursor();
+}
+
+} // namespace GraphViewer

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <vtlpictel/viewer/FreeformViewer.h>
+
+#include <QPointer>
+
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+class QGestureEvent;
+class QHoverEvent;
+class QNativeGestureEvent;
+QT_END_NAMESPACE
+
+namespace GraphViewer {
+
+class Element;
+class GraphScene;
+struct GraphDocument;
+
+/// Shows one graph and lets the user look around in it.
+///
+/// Left button: drags a node or a cluster, and the view where there is neither; middle button: drags the view.
+/// Ctrl + wheel, a pinch and the zoom operations keep the content point under the pointer (or in the middle) where it
+/// is. The element under the pointer is highlighted.
+///
+/// The paper has the graph's own colour in every palette, because the graph's colours were chosen for it.
+class GraphView : public Vantrel::Pictel::FreeformViewer
+{
+    Q_OBJECT
+
+public:
+    /// The space around the graph, in content pixels.
+    static constexpr int margin = 24;
+
+    explicit GraphView(QWidget *parent = nullptr);
+    ~GraphView() override;
+
+    /// Shows \a document instead of the graph before, as large as fits but not enlarged.
+    void showGraph(const GraphDocument &document);
+    /// Null until a graph was shown.
+    GraphScene *scene() const { return m_scene.get(); }
+    bool isGridVisible() const { return m_gridVisible; }
+    bool isAntialiasing() const { return m_antialiasing; }
+
+    /// Sets the scale so that the content under \a at (viewport pixels) stays there.
+    void zoomAt(double scale, const QPointF &at);
+
+public Q_SLOTS:
+    void zoomIn();
+    void zoomOut();
+    void zoomToActualSize();
+    void zoomToFit();
+    void setGridVisible(bool visible);
+    void setAntialiasing(bool on);
+
+Q_SIGNALS:
+    /// The pointer came to another element; \a name is empty where there is none.
+    void elementHovered(const QString &name);
+
+protected:
+    bool event(QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    enum class Drag { None, View, Element };
+
+    Element *elementAt(const QPoint &viewportPoint);
+    void hoverAt(const QPoint &viewportPoint);
+    void setHovered(Element *element);
+    void scrollBy(const QPoint &pixels);
+    void dragElement(const QPoint &viewportPoint);
+    void endDrag();
+    void updatePaper();
+    void adoptScene();
+    void relayout();
+    void pin(const QPointF &contentPoint, const QPointF &at);
+    void makeRoomAround(const QPointF &topLeft);
+    QPointF anchorAt(const QPointF &at);
+    void zoomCentered(double scale);
+    bool pinch(QGestureEvent *event);
+    bool nativeGesture(QNativeGestureEvent *event);
+
+    std::unique_ptr<GraphScene> m_scene;
+    QPointer<Element> m_hovered;
+    QPointer<Element> m_dragged;
+    Drag m_drag = Drag::None;
+    QPoint m_dragPosition; ///< Viewport pixels while the view is dragged, content coordinates for an element.
+    QPointF m_anchor; ///< The content point kept by the zoom steps at m_anchorPosition.
+    QPointF m_anchorPosition;
+    bool m_anchorValid = false;
+    bool m_gridVisible = false;
+    bool m_antialiasing = true;
+};
+
+} // namespace GraphViewer
