@@ -4,32 +4,30 @@
 #include <vtlpictel/viewer/IFigureViewer.h>
 
 #include <QMessageLogger>
-#include <QSet>
-
-#include <utility>
 
 namespace Vantrel::Pictel {
 
 namespace {
 
-using ManagerSet = QSet<UpdateManager *>;
-
-// All managers, so that a dying figure can leave them. Figures may die as late as static destruction.
-Q_GLOBAL_STATIC(ManagerSet, livingManagers)
+// All living managers are chained, so that a dying figure can leave them. Figures may die as late as static
+// destruction, when a container might be gone already.
+UpdateManager *firstManager = nullptr;
 
 } // namespace
 
 UpdateManager::UpdateManager(QObject *parent)
     : QObject(parent)
+    , m_nextManager(firstManager)
 {
-    if (!livingManagers.isDestroyed())
-        livingManagers->insert(this);
+    firstManager = this;
 }
 
 UpdateManager::~UpdateManager()
 {
-    if (!livingManagers.isDestroyed())
-        livingManagers->remove(this);
+    UpdateManager **link = &firstManager;
+    while (*link != this)
+        link = &(*link)->m_nextManager;
+    *link = m_nextManager;
 }
 
 void UpdateManager::setViewer(IFigureViewer *viewer)
@@ -118,9 +116,7 @@ Figure *UpdateManager::takeFirstInvalidFigure()
 
 void UpdateManager::forgetFigure(Figure *figure)
 {
-    if (livingManagers.isDestroyed())
-        return;
-    for (UpdateManager *manager : std::as_const(*livingManagers))
+    for (UpdateManager *manager = firstManager; manager; manager = manager->m_nextManager)
         manager->forget(figure);
 }
 

@@ -62,19 +62,29 @@ class AncestorListener : public QObject, public IAncestorListener
 public:
     QStringList take() { return std::exchange(m_calls, {}); }
 
+    std::function<void()> actOnAddition;
     std::function<void()> actOnRemoval;
 
 public Q_SLOTS:
-    void ancestorAdded(Figure *ancestor) override { note("added", ancestor); }
+    void ancestorAdded(Figure *ancestor) override
+    {
+        note("added", ancestor);
+        act(actOnAddition);
+    }
     void ancestorMoved(Figure *ancestor) override { note("moved", ancestor); }
     void ancestorRemoved(Figure *ancestor) override
     {
         note("removed", ancestor);
-        if (actOnRemoval)
-            std::exchange(actOnRemoval, nullptr)();
+        act(actOnRemoval);
     }
 
 private:
+    /// Once only: the action may lead to the same event.
+    static void act(std::function<void()> &action)
+    {
+        if (action)
+            std::exchange(action, nullptr)();
+    }
     void note(const char *event, const Figure *ancestor)
     {
         m_calls << QStringLiteral("%1 %2").arg(QLatin1String(event), ancestor->objectName());
@@ -134,6 +144,7 @@ private Q_SLOTS:
     void otherPropertiesAreIgnored();
     void valuesThatHoldNoFigureAreIgnored();
     void unobservedOldParentIsAnnouncedAllTheSame();
+    void newParentIsObservedOnTheWordOfTheCaller();
     void walksGoThroughTheVirtualOperations();
 
     void secondListenerSharesTheHelper();
@@ -152,7 +163,8 @@ private Q_SLOTS:
     void brokenChainIsNotBuiltAgain();
     void deletedListenerIsForgotten();
 
-    void listenerMayDeleteTheFigure();
+    void listenerMayDeleteTheFigureOnRemoval();
+    void listenerMayDeleteTheFigureOnAddition();
     void listenerMayDeleteTheNewParent();
     void listenerMayMoveTheFigureOn();
     void earlierListenerMayMoveTheFigureOn();
@@ -345,6 +357,16 @@ void tst_AncestorHelper::unobservedOldParentIsAnnouncedAllTheSame()
     QCOMPARE(removed, QList<QVariantList>({{variantOf(&families.newParent)}}));
     QCOMPARE(families.figure.observers(), observed);
     QCOMPARE(families.grandparent.observers(), observed);
+}
+
+void tst_AncestorHelper::newParentIsObservedOnTheWordOfTheCaller()
+{
+    Families families;
+    AncestorHelper helper(&families.figure);
+    helper.propertyChanged(QStringLiteral("parent"), QVariant(), variantOf(&families.newParent));
+    QCOMPARE(families.newParent.observers(), observed);
+    QCOMPARE(families.newGrandparent.observers(), observed);
+    QCOMPARE(families.parent.observers(), observed);
 }
 
 void tst_AncestorHelper::walksGoThroughTheVirtualOperations()
@@ -541,18 +563,30 @@ void tst_AncestorHelper::deletedListenerIsForgotten()
     QCOMPARE(listener.take(), QStringList({QStringLiteral("moved parent")}));
 }
 
-void tst_AncestorHelper::listenerMayDeleteTheFigure()
+void tst_AncestorHelper::listenerMayDeleteTheFigureOnRemoval()
 {
     Families families;
     auto figure = std::make_unique<ObservedFigure>(QStringLiteral("figure"));
     figure->setParentFigure(&families.parent);
-    auto *middle = &families.parent;
     AncestorListener listener;
     listener.actOnRemoval = [&] { figure.reset(); };
     figure->addAncestorListener(&listener);
-    middle->setParentFigure(&families.newParent);
+    families.parent.setParentFigure(&families.newParent);
     QCOMPARE(figure.get(), nullptr);
     QCOMPARE(listener.take(), QStringList({QStringLiteral("removed grandparent")}));
+    QCOMPARE(families.newParent.observers(), unobserved);
+}
+
+void tst_AncestorHelper::listenerMayDeleteTheFigureOnAddition()
+{
+    Families families;
+    auto figure = std::make_unique<ObservedFigure>(QStringLiteral("figure"));
+    figure->setParentFigure(&families.parent);
+    AncestorListener listener;
+    listener.actOnAddition = [&] { figure.reset(); };
+    figure->addAncestorListener(&listener);
+    families.parent.setParentFigure(&families.newParent);
+    QCOMPARE(figure.get(), nullptr);
     QCOMPARE(families.newParent.observers(), unobserved);
 }
 

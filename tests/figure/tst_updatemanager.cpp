@@ -104,6 +104,7 @@ private Q_SLOTS:
     void figureDeletedDuringValidationIsForgotten();
     void figureMayDeleteItselfDuringValidation();
     void deletedFigureLeavesEveryManager();
+    void managersComeAndGoInAnyOrder();
     void managerMayBeDeletedByTheAnnouncement();
     void managerMayBeDeletedDuringValidation();
     void figuresOutliveTheirManager();
@@ -465,6 +466,26 @@ void tst_UpdateManager::deletedFigureLeavesEveryManager()
     second.manager.performUpdate();
     QCOMPARE(announcedByFirst.count(), 0);
     QCOMPARE(announcedBySecond.count(), 0);
+}
+
+void tst_UpdateManager::managersComeAndGoInAnyOrder()
+{
+    auto figure = std::make_unique<Figure>();
+    auto first = std::make_unique<Shown>();
+    auto second = std::make_unique<Shown>();
+    auto third = std::make_unique<Shown>();
+    second.reset();
+    Shown fourth;
+    third.reset();
+    QSignalSpy announcedByFirst(&first->manager, &UpdateManager::aboutToValidate);
+    QSignalSpy announcedByFourth(&fourth.manager, &UpdateManager::aboutToValidate);
+    first->manager.addInvalidFigure(figure.get());
+    fourth.manager.addInvalidFigure(figure.get());
+    figure.reset();
+    first->manager.performUpdate();
+    fourth.manager.performUpdate();
+    QCOMPARE(announcedByFirst.count(), 0);
+    QCOMPARE(announcedByFourth.count(), 0);
 }
 
 void tst_UpdateManager::managerMayBeDeletedByTheAnnouncement()

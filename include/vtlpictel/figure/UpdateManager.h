@@ -65,6 +65,7 @@ private:
     Figure *takeFirstInvalidFigure();
     void validateInvalidFigures();
 
+    UpdateManager *m_nextManager;
     std::list<Figure *> m_invalidFigures;
     QHash<Figure *, std::list<Figure *>::iterator> m_registrations;
     IFigureViewer *m_viewer = nullptr;
