@@ -5,6 +5,7 @@
 #include <vtlpictel/layers/ConnectionLayer.h>
 #include <vtlpictel/layers/FreeformLayer.h>
 #include <vtlpictel/layers/FreeformLayeredPane.h>
+#include <vtlpictel/layout/Layout.h>
 #include <vtlpictel/shapes/Ellipse.h>
 #include <vtlpictel/shapes/Rectangle.h>
 #include <vtlpictel/viewer/FreeformViewer.h>
@@ -23,26 +24,33 @@ namespace {
 const QColor yellow(255, 215, 0);
 const QColor blue(70, 130, 180);
 
-FreeformLayeredPane *makeDrawing(QObject *parent)
+// A shape takes its form when its bounds change while it is shown: so it is added first, and then placed.
+void place(Figure *figure, FreeformLayer *layer, const QRect &bounds)
 {
-    auto *drawing = new FreeformLayeredPane(parent);
+    layer->add(figure);
+    layer->getLayoutManager()->setConstraint(figure, bounds);
+}
+
+void draw(FreeformViewer *viewer)
+{
+    auto *drawing = new FreeformLayeredPane(viewer);
     auto *figures = new FreeformLayer(drawing, true);
     auto *lines = new ConnectionLayer(drawing, true);
     drawing->addLayer(figures, QStringLiteral("figures"));
     drawing->addLayer(lines, QStringLiteral("lines"));
+    viewer->setContent(drawing);
 
     auto *box = new Rectangle(figures);
     box->setEnabledBGColor(yellow);
-    figures->add(box, QRect(0, 0, 80, 60));
+    place(box, figures, QRect(0, 0, 80, 60));
     auto *circle = new Ellipse(figures);
     circle->setEnabledBGColor(blue);
-    figures->add(circle, QRect(200, 0, 60, 60));
+    place(circle, figures, QRect(200, 0, 60, 60));
 
     auto *line = new PolylineConnection(lines);
     line->setSourceAnchor(new ChopboxAnchor(box, line));
     line->setTargetAnchor(new EllipseAnchor(circle, line));
     lines->add(line);
-    return drawing;
 }
 
 QImage picture(FreeformViewer &viewer)
@@ -70,7 +78,8 @@ int main(int argc, char *argv[])
 
     FreeformViewer viewer;
     viewer.resize(600, 400);
-    viewer.setContent(makeDrawing(&viewer));
+    draw(&viewer);
+    viewer.scaleToFit();
     const QImage image = picture(viewer);
     const auto seenAt = [&viewer](int x, int y) { return viewer.viewport()->pos() + viewer.fromContent(QPoint(x, y)); };
     const bool right = expectColor(image, seenAt(40, 30), yellow) && expectColor(image, seenAt(230, 30), blue);
