@@ -121,6 +121,7 @@ bool Layout::remove(Figure *child)
     if (!self.isAlive() || !holds(child))
         return true;
     dropConstraint(child);
+    m_children->dropHelper(child);
     childChanged(child);
     if (m_figure && m_figure->getFlag(Figure::FLAG_NOTIFIED)) {
         child->removeNotify();
