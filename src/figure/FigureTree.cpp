@@ -1,0 +1,240 @@
+// The figure tree and the listeners of Figure.
+
+#include <vtlpictel/figure/Figure.h>
+
+#include "support/LifeGuard.h"
+
+#include <vtlpictel/figure/AncestorHelper.h>
+#include <vtlpictel/figure/IAncestorListener.h>
+#include <vtlpictel/figure/IPropertyChangeListener.h>
+#include <vtlpictel/figure/UpdateManager.h>
+#include <vtlpictel/layout/Layout.h>
+
+#include <QMessageLogger>
+
+namespace Vantrel::Pictel {
+
+namespace {
+
+// Signal and slot signatures as the SIGNAL and SLOT macros spell them.
+constexpr const char *propertyChangedSignal = "2propertyChanged(const QString &, const QVariant &, const QVariant &)";
+constexpr const char *propertyChangedSlot = "1propertyChanged(const QString &, const QVariant &, const QVariant &)";
+
+template <typename Listener>
+QObject *asObject(Listener *listener)
+{
+    return dynamic_cast<QObject *>(listener);
+}
+
+struct AncestorSignal
+{
+    const char *signal;
+    const char *slot;
+};
+
+constexpr AncestorSignal ancestorSignals[] = {
+    {"2ancestorAdded(Figure *)", "1ancestorAdded(Figure *)"},
+    {"2ancestorMoved(Figure *)", "1ancestorMoved(Figure *)"},
+    {"2ancestorRemoved(Figure *)", "1ancestorRemoved(Figure *)"},
+};
+
+} // namespace
+
+void Figure::releaseChildren()
+{
+    if (!m_layout)
+        return;
+    if (getFlag(FLAG_NOTIFIED))
+        forEachChild([](Figure *child) { child->removeNotify(); });
+    if (!m_layout || m_layout->getFigure() != this)
+        return;
+    m_layout->setFigure(nullptr);
+    m_layout->releaseAll();
+}
+
+void Figure::leaveHolders()
+{
+    const QVarLengthArray<Layout *, 1> holders = m_holders;
+    for (Layout *holder : holders) {
+        if (m_holders.contains(holder))
+            holder->forget(this);
+    }
+}
+
+void Figure::tellHolders()
+{
+    for (Layout *holder : std::as_const(m_holders))
+        holder->childChanged(this);
+}
+
+// Calls visit for every child from bottom to top; children that leave or die meanwhile are skipped, and the walk ends
+// when the layout that held them dies.
+void Figure::forEachChild(void (*visit)(Figure *child))
+{
+    const Layout *layout = m_layout;
+    const LifeGuard<Layout> keeper(layout);
+    const QList<Figure *> children = childFigures();
+    const quint64 departures = layout ? layout->departures() : 0;
+    for (Figure *child : children) {
+        if (child && (!layout || layout->departures() == departures || layout->holds(child)))
+            visit(child);
+        if (layout && !keeper.isAlive())
+            return;
+    }
+}
+
+void Figure::addNotify()
+{
+    if (getFlag(FLAG_NOTIFIED)) {
+        QMessageLogger().debug("Figure::addNotify() should not be call multiple times");
+        return;
+    }
+    setFlag(FLAG_NOTIFIED, true);
+    forEachChild([](Figure *child) { child->addNotify(); });
+}
+
+void Figure::removeNotify()
+{
+    const LifeGuard<Figure> self(this);
+    forEachChild([](Figure *child) { child->removeNotify(); });
+    if (self.isAlive())
+        setFlag(FLAG_NOTIFIED, false);
+}
+
+Figure *Figure::getParentFigure() const
+{
+    return m_parentFigure;
+}
+
+void Figure::setParentFigure(Figure *parent)
+{
+    if (parent && isSelfOrAncestorOf(parent)) {
+        QMessageLogger().debug("Figure::setParentFigure(): failed, would make a cycle");
+        return;
+    }
+    Figure *old = m_parentFigure;
+    m_parentFigure = parent;
+    Q_EMIT propertyChanged(PROPERTY_PARENT, QVariant::fromValue(old), QVariant::fromValue(parent));
+}
+
+// A figure that was added to several parents has several ways up: all are followed.
+bool Figure::isSelfOrAncestorOf(const Figure *other) const
+{
+    if (other == this)
+        return true;
+    const Figure *parent = other->m_parentFigure;
+    if (parent && isSelfOrAncestorOf(parent))
+        return true;
+    for (const Layout *holder : std::as_const(other->m_holders)) {
+        const Figure *container = holder->getFigure();
+        if (container && container != parent && isSelfOrAncestorOf(container))
+            return true;
+    }
+    return false;
+}
+
+Layout *Figure::getLayoutManager() const
+{
+    return m_layout;
+}
+
+Layout *Figure::setLayoutManager(Layout *layout)
+{
+    if (!layout)
+        return nullptr;
+    Layout *old = m_layout;
+    if (old)
+        old->setFigure(nullptr);
+    m_layout = layout;
+    layout->setFigure(this);
+    return old;
+}
+
+UpdateManager *Figure::getUpdateManager() const
+{
+    if (!getFlag(FLAG_NOTIFIED))
+        return nullptr;
+    return m_parentFigure ? m_parentFigure->getUpdateManager() : m_updateManager.data();
+}
+
+void Figure::setUpdateManager(UpdateManager *manager)
+{
+    m_updateManager = manager;
+}
+
+bool Figure::add(Figure *figure, const QVariant &constraint, int index)
+{
+    if (m_layout)
+        return m_layout->add(figure, constraint, index);
+    QMessageLogger().debug("Figure::add(): failed, no layout manager");
+    return false;
+}
+
+bool Figure::add(Figure *figure, unsigned int vStretch, unsigned int hStretch, int index)
+{
+    if (m_layout)
+        return m_layout->add(figure, vStretch, hStretch, index);
+    QMessageLogger().debug("Figure::add(): failed, no layout manager");
+    return false;
+}
+
+bool Figure::remove(Figure *figure)
+{
+    if (m_layout)
+        return m_layout->remove(figure);
+    QMessageLogger().debug("Figure::remove(): failed, no layout manager");
+    return false;
+}
+
+QList<Figure *> Figure::childFigures()
+{
+    return m_layout ? m_layout->childFigures() : QList<Figure *>();
+}
+
+int Figure::childFigureCount() const
+{
+    if (m_layout)
+        return m_layout->childFigureCount();
+    QMessageLogger().debug("Figure::childFigureCount(): failed, no layout manager");
+    return 0;
+}
+
+// Listeners
+
+void Figure::addAncestorListener(IAncestorListener *listener)
+{
+    QObject *receiver = asObject(listener);
+    if (!receiver)
+        return;
+    if (!m_ancestorHelper)
+        m_ancestorHelper = new AncestorHelper(this, this);
+    for (const AncestorSignal &pair : ancestorSignals)
+        connect(this, pair.signal, receiver, pair.slot);
+    ++m_ancestorListenerCount;
+}
+
+void Figure::removeAncestorListener(IAncestorListener *listener)
+{
+    QObject *receiver = asObject(listener);
+    if (!receiver || m_ancestorListenerCount == 0)
+        return;
+    bool wasListening = false;
+    for (const AncestorSignal &pair : ancestorSignals)
+        wasListening = disconnect(this, pair.signal, receiver, pair.slot) || wasListening;
+    if (wasListening && --m_ancestorListenerCount == 0)
+        delete m_ancestorHelper.data();
+}
+
+void Figure::addPropertyChangeListener(IPropertyChangeListener *listener)
+{
+    if (QObject *receiver = asObject(listener))
+        connect(this, propertyChangedSignal, receiver, propertyChangedSlot);
+}
+
+void Figure::removePropertyChangeListener(IPropertyChangeListener *listener)
+{
+    if (QObject *receiver = asObject(listener))
+        disconnect(this, propertyChangedSignal, receiver, propertyChangedSlot);
+}
+
+} // namespace Vantrel::Pictel
