@@ -29,6 +29,15 @@ QRectF boxOf(const QJsonObject &graph)
     return QRectF(QPointF(edges[0].toDouble(), edges[1].toDouble()), QPointF(edges[2].toDouble(), edges[3].toDouble()));
 }
 
+bool isLatin1(const QString &charset)
+{
+    static const QStringList names {QStringLiteral("latin1"),     QStringLiteral("latin-1"),
+                                    QStringLiteral("l1"),         QStringLiteral("iso-8859-1"),
+                                    QStringLiteral("iso_8859-1"), QStringLiteral("iso8859-1"),
+                                    QStringLiteral("iso-ir-100")};
+    return names.contains(charset.toLower());
+}
+
 QString labelText(const Drawing &drawing)
 {
     QStringList lines;
@@ -57,6 +66,7 @@ public:
         , m_directory(directory)
         , m_box(boxOf(graph))
         , m_mapper(m_box)
+        , m_latin1(isLatin1(graph[QLatin1String("charset")].toString()))
     { }
     GraphDocument read();
 
@@ -72,10 +82,7 @@ private:
     QList<int> nodeIndices(const QJsonArray &objects) const;
     QString nodeName(int node) const { return node < 0 ? QString() : m_names.at(node); }
 
-    Drawing drawing(const QJsonObject &object, const char *key) const
-    {
-        return readDrawing(object[QLatin1String(key)].toArray(), m_mapper);
-    }
+    Drawing drawing(const QJsonObject &object, const char *key) const;
     // Outlines first, so that the text stands on them.
     Drawing ownAndLabel(const QJsonObject &object) const;
 
@@ -83,6 +90,7 @@ private:
     QDir m_directory;
     QRectF m_box;
     PointMapper m_mapper;
+    bool m_latin1;
     GraphDocument m_document;
     QJsonArray m_objects;
     QHash<int, int> m_nodeOfObject;
@@ -96,6 +104,18 @@ Drawing GraphReader::ownAndLabel(const QJsonObject &object) const
     Drawing label = drawing(object, "_ldraw_");
     std::move(label.begin(), label.end(), std::back_inserter(all));
     return all;
+}
+
+// From a graph in Latin-1, Graphviz makes UTF-8 of its texts, but not of its names, twice.
+Drawing GraphReader::drawing(const QJsonObject &object, const char *key) const
+{
+    Drawing drawing = readDrawing(object[QLatin1String(key)].toArray(), m_mapper);
+    for (DrawItem &item : drawing) {
+        auto *run = std::get_if<TextRun>(&item);
+        if (run && m_latin1)
+            run->text = QString::fromUtf8(run->text.toLatin1());
+    }
+    return drawing;
 }
 
 // The graph's own outline is the paper: Graphviz fills the whole picture with it.
