@@ -155,7 +155,7 @@ inline bool isOnChild(Figure &figure, const QPoint &point)
 {
     const QList<Figure *> children = figure.childFigures();
     return std::any_of(children.begin(), children.end(),
-                       [&point](const Figure *child) { return child && child->contains(point); });
+                       [&point](const Figure *child) { return child->contains(point); });
 }
 
 /// The hit test of an open line, drawn along \a path. The bounds refuse most points before the line is stroked.

@@ -22,6 +22,16 @@ int boundedSum(int left, int right)
     return truncateToInt(double(left) + right);
 }
 
+/// Stores \a value in \a field; true when that changed something.
+template <typename Value>
+bool replace(Value &field, const Value &value)
+{
+    if (field == value)
+        return false;
+    field = value;
+    return true;
+}
+
 /// The smallest multiple of the grid size that \a length fits into.
 int snapped(int length)
 {
@@ -53,18 +63,14 @@ void TextFigure::fitToText()
 
 void TextFigure::setText(const QString &text)
 {
-    if (text == m_text)
-        return;
-    m_text = text;
-    fitToText();
+    if (replace(m_text, text))
+        fitToText();
 }
 
 void TextFigure::setFont(const QFont &font)
 {
-    if (font == m_font)
-        return;
-    m_font = font;
-    fitToText();
+    if (replace(m_font, font))
+        fitToText();
 }
 
 // Compares what was asked for, so that a negative indent measures anew even when there is none.
@@ -78,18 +84,14 @@ void TextFigure::setIndent(int indent)
 
 void TextFigure::setTextColor(const QColor &color)
 {
-    if (color == m_textColor)
-        return;
-    m_textColor = color;
-    repaint();
+    if (replace(m_textColor, color))
+        repaint();
 }
 
 void TextFigure::setAlignment(Qt::Alignment alignment)
 {
-    if (alignment == m_alignment)
-        return;
-    m_alignment = alignment;
-    repaint();
+    if (replace(m_alignment, alignment))
+        repaint();
 }
 
 void TextFigure::setSnapToGrid(bool snap)

@@ -1,4 +1,5 @@
 #include "ShownTree.h"
+#include "SizeSetterProbe.h"
 #include "support/RecordingPaintDevice.h"
 #include "support/TestMain.h"
 
@@ -10,32 +11,7 @@ using namespace Vantrel::Pictel;
 
 namespace {
 
-/// Opens what is protected and lists the size setters as they are called.
-class ProbePixmapFigure : public PixmapFigure
-{
-public:
-    using PixmapFigure::calculateContentSize;
-    using PixmapFigure::drawFigure;
-    using PixmapFigure::PixmapFigure;
-
-    QStringList setters;
-
-    bool setMinimumSize(const QSize &size) override
-    {
-        setters << QStringLiteral("minimum");
-        return PixmapFigure::setMinimumSize(size);
-    }
-    bool setPreferredSize(const QSize &size) override
-    {
-        setters << QStringLiteral("preferred");
-        return PixmapFigure::setPreferredSize(size);
-    }
-    bool setMaximumSize(const QSize &size) override
-    {
-        setters << QStringLiteral("maximum");
-        return PixmapFigure::setMaximumSize(size);
-    }
-};
+using ProbePixmapFigure = SizeSetterProbe<PixmapFigure>;
 
 QPixmap pixmapOf(const QSize &size, const QColor &color = Qt::red)
 {

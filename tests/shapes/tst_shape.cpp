@@ -326,6 +326,7 @@ void tst_Shape::pathLeavesHalfTheLineFree_data()
     QTest::newRow("1") << 1 << QRectF(0, 0, 39, 29);
     QTest::newRow("2") << 2 << QRectF(1, 1, 38, 28);
     QTest::newRow("3") << 3 << QRectF(1, 1, 37, 27);
+    QTest::newRow("wider than the shape") << 41 << QRectF(20, 20, -1, -11);
     QTest::newRow("-3") << -3 << QRectF(-2, -2, 43, 33);
 }
 
@@ -489,7 +490,7 @@ void tst_Shape::penFollowsWidthScaleAndResolution_data()
     // A pen of width 0 counts as cosmetic in itself.
     QTest::newRow("printer, one pixel") << 300 << solid << 1 << 1.0 << 0.0 << true;
     QTest::newRow("printer, below one pixel") << 300 << solid << 3 << 0.25 << 0.0 << true;
-    QTest::newRow("printer, just above one pixel") << 300 << solid << 1 << 1.25 << 1.0 << false;
+    QTest::newRow("printer, just above one pixel") << 300 << solid << 3 << 0.35 << 3.0 << false;
     QTest::newRow("screen, no width") << 96 << solid << 0 << 1.0 << 0.0 << true;
     QTest::newRow("screen, negative width") << 96 << solid << -7 << 1.0 << 0.0 << true;
     QTest::newRow("screen, huge width") << 96 << solid << std::numeric_limits<int>::max() << 1.0 << 32767.0 << true;

@@ -1,4 +1,5 @@
 #include "ShownTree.h"
+#include "SizeSetterProbe.h"
 #include "support/RecordingPaintDevice.h"
 #include "support/TestMain.h"
 
@@ -15,27 +16,7 @@ using namespace Vantrel::Pictel;
 
 namespace {
 
-/// Opens what is protected and lists the size setters as they are called.
-class ProbeTextFigure : public TextFigure
-{
-public:
-    using TextFigure::calculateContentSize;
-    using TextFigure::drawFigure;
-    using TextFigure::TextFigure;
-
-    QStringList setters;
-
-    bool setMinimumSize(const QSize &size) override
-    {
-        setters << QStringLiteral("minimum");
-        return TextFigure::setMinimumSize(size);
-    }
-    bool setPreferredSize(const QSize &size) override
-    {
-        setters << QStringLiteral("preferred");
-        return TextFigure::setPreferredSize(size);
-    }
-};
+using ProbeTextFigure = SizeSetterProbe<TextFigure>;
 
 const QString helloText = QStringLiteral("Hello");
 const QString longText = QStringLiteral("Hello, figures of the world");

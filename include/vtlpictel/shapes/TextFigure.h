@@ -45,8 +45,6 @@ protected:
     void drawFigure(QPainter *painter, const QStyleOptionViewItem &option) const override;
 
 private:
-    template <typename Value>
-    void changeSize(Value &field, const Value &value);
     void fitToText();
     QSize withoutFrame(const QSize &total) const;
 
