@@ -125,6 +125,7 @@ TextLine::TextLine(const TextRun &run, QObject *parent)
 {
     const QRectF rect = itemRect(run);
     m_textBounds = rect.toAlignedRect();
+    m_textBounds.setSize(m_textBounds.size().expandedTo({1, 1}));
     m_verticalScale = run.size / run.font.pixelSize();
     const double natural = QFontMetricsF(run.font).horizontalAdvance(run.text) * m_verticalScale;
     m_horizontalScale = natural > run.width && run.width > 0 ? m_verticalScale * run.width / natural : m_verticalScale;

@@ -158,8 +158,8 @@ void DrawingReader::addPolygon(const QPolygonF &corners, bool filled)
 void DrawingReader::addEllipse(const QJsonArray &rect, bool filled)
 {
     QPainterPath path;
-    path.addEllipse(point(rect), PointMapper::pixels(rect.at(2).toDouble()),
-                    PointMapper::pixels(rect.at(3).toDouble()));
+    path.addEllipse(point(rect), qMax(0.0, PointMapper::pixels(rect.at(2).toDouble())),
+                    qMax(0.0, PointMapper::pixels(rect.at(3).toDouble())));
     addOutline(Outline::Form::Ellipse, path, filled);
 }
 
@@ -204,7 +204,7 @@ void DrawingReader::readText(const QJsonObject &operation)
     run.size = raised || lowered ? m_fontSize * 0.83 : m_fontSize;
     run.baseline = point(operation[QLatin1String("pt")].toArray());
     run.baseline.ry() += raised ? -m_fontSize / 3 : lowered ? m_fontSize / 6 : 0;
-    run.width = PointMapper::pixels(operation[QLatin1String("width")].toDouble());
+    run.width = qMax(0.0, PointMapper::pixels(operation[QLatin1String("width")].toDouble()));
     run.font = currentFont(run.size);
     run.color = m_style.lineColor;
     m_drawing.push_back(std::move(run));

@@ -14,7 +14,7 @@ using namespace Vantrel::Pictel;
 
 namespace {
 
-constexpr int gridStep = 5;
+constexpr int gridStep = 20;
 
 // Finds elements rather than the outlines and texts they are made of.
 class ElementSearch : public ITreeSearch

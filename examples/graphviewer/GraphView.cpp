@@ -8,6 +8,7 @@
 #include <QHoverEvent>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
+#include <QPainter>
 #include <QPinchGesture>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -32,7 +33,9 @@ GraphView::GraphView(QWidget *parent)
     setFrameShape(QFrame::NoFrame);
     setXYMargins(margin, margin);
     setScaleBounds(smallestScale, largestScale);
+    setBackgroundRole(QPalette::Window);
     viewport()->grabGesture(Qt::PinchGesture);
+    widget()->hide();
 }
 
 GraphView::~GraphView() = default;
@@ -55,10 +58,21 @@ void GraphView::showGraph(const GraphDocument &document)
 
 void GraphView::adoptScene()
 {
+    widget()->show();
     m_scene->setGridVisible(m_gridVisible);
     m_scene->setAntialiasing(m_antialiasing);
     updatePaper();
     relayout();
+}
+
+void GraphView::paintEvent(QPaintEvent *event)
+{
+    FreeformViewer::paintEvent(event);
+    if (m_scene)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, tr("Open a Graphviz file, or drop one here."));
 }
 
 // The widget's base colour is what pictures are filled with; the property is what the screen is.

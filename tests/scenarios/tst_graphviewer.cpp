@@ -30,6 +30,8 @@ private Q_SLOTS:
     void pictureLooksLikeTheOneOfGraphviz();
     void graphOfFiveHundredNodesIsShownInFull();
     void namesAreThoseOfTheFile();
+    void firstOfSeveralGraphsIsShown();
+    void textsOfLatin1GraphsAreDecoded();
     void clustersKnowWhatIsInsideThem();
     void textHasFontSizeAndColorOfTheFile();
     void paperHasTheBackgroundColorOfTheGraph();
@@ -40,6 +42,7 @@ private Q_SLOTS:
     void failingGraphvizGivesAMessage_data();
     void failingGraphvizGivesAMessage();
     void missingGraphvizGivesAMessage();
+    void absurdAnswerIsShownWithoutHarm();
     void fileNamesAreNoOptions();
 
     void cancelledLoadingGivesAMessage();
@@ -265,6 +268,20 @@ void tst_GraphViewer::namesAreThoseOfTheFile()
     QCOMPARE(loaded.document->edges[0].name, QStringLiteral("naïve \"quoted\" → 日本語 (→ señal)"));
 }
 
+void tst_GraphViewer::firstOfSeveralGraphsIsShown()
+{
+    const Loaded loaded = load(bundled(QStringLiteral("several.gv")));
+    QCOMPARE(loaded.message, QString());
+    QCOMPARE(nodeNames(*loaded.document), QStringList({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
+}
+
+void tst_GraphViewer::textsOfLatin1GraphsAreDecoded()
+{
+    const Loaded loaded = load(bundled(QStringLiteral("latin1.gv")));
+    QCOMPARE(nodeNames(*loaded.document), QStringList({QStringLiteral("café"), QStringLiteral("garçon")}));
+    QVERIFY(textRun(loaded.document->nodes[1].drawing, QStringLiteral("garçon")));
+}
+
 void tst_GraphViewer::clustersKnowWhatIsInsideThem()
 {
     const Loaded loaded = load(bundled(QStringLiteral("clusters.gv")));
@@ -391,6 +408,28 @@ void tst_GraphViewer::missingGraphvizGivesAMessage()
     const Loaded loaded = load(bundled(QStringLiteral("shapes.gv")));
     QVERIFY2(loaded.message.endsWith(QStringLiteral("The program \"dot\" was not found. Please install Graphviz.")),
              qPrintable(loaded.message));
+}
+
+// Numbers without bounds, subgraphs inside one another, indices of nothing, operations without operands.
+void tst_GraphViewer::absurdAnswerIsShownWithoutHarm()
+{
+    QFile answer(bundled(QStringLiteral("absurd.json")));
+    QVERIFY(answer.open(QIODevice::ReadOnly));
+    const ReplacedDot dot("#!/bin/sh\n/bin/cat <<'END'\n" + answer.readAll() + "\nEND\n");
+    const Loaded loaded = load(bundled(QStringLiteral("shapes.gv")));
+    QCOMPARE(loaded.message, QString());
+    QCOMPARE(loaded.document->nodes.size(), std::size_t(3));
+    QCOMPARE(loaded.document->clusters[0].clusters, QList<int>({1}));
+
+    GraphView view;
+    view.resize(400, 300);
+    view.show();
+    view.showGraph(*loaded.document);
+    QVERIFY(!view.viewport()->grab().isNull());
+    view.zoomAt(16, {200, 150});
+    QVERIFY(!view.viewport()->grab().isNull());
+    QVERIFY(
+        exportPicture(view, m_directory.filePath(QStringLiteral("absurd.png"))).contains(QStringLiteral("too large")));
 }
 
 void tst_GraphViewer::fileNamesAreNoOptions()

@@ -519,7 +519,7 @@ void tst_GraphViewerView::nothingIsHighlightedWhenThePointerLeaves()
 void tst_GraphViewerView::gridIsPaintedOnDemand()
 {
     show(bundled(QStringLiteral("records.gv")));
-    const QPoint crossing = view().fromContent(QPoint(-25, -25));
+    const QPoint crossing = view().fromContent(QPoint(-100, -100));
     const QColor paper = screen().pixelColor(crossing);
     QCOMPARE(paper, QColor(Qt::white));
     action(QStringLiteral("Grid"))->trigger();
