@@ -8,7 +8,7 @@ class PictelTest : public QObject
 {
     Q_OBJECT
 
-protected:
+public:
     /// Announces exactly one debug-level message of the library.
     static void expectDebug(const char *text);
     /// Announces exactly one warning of the library.
