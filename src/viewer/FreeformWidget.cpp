@@ -126,8 +126,6 @@ bool FreeformWidget::setContent(Figure *content)
         QMessageLogger().warning("FreeformWidget::setContent(): assigned content not a FreeformedLayeredPane");
         return false;
     }
-    if (pane != d->content)
-        d->releaseContent();
     d->content = pane;
     pane->setBackgroundColor(Qt::transparent);
     pane->addNotify();
@@ -199,7 +197,7 @@ double FreeformWidget::adjustSizeToScale(double scale, const QPoint *topLeft)
 
 double FreeformWidget::Private::boundedScale(double requested) const
 {
-    if (minimumScale <= 0.0 || maximumScale <= 0.0)
+    if (minimumScale <= 0.0 || maximumScale <= 0.0 || std::isnan(requested))
         return requested;
     return minimumScale > requested ? minimumScale : std::min(maximumScale, requested);
 }

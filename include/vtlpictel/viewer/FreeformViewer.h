@@ -25,6 +25,7 @@ class PageLayout;
 ///     auto *layer = new FreeformLayer(pane, true);
 ///     pane->addLayer(layer, "drawing");
 ///     viewer->setContent(pane);
+///     viewer->widget()->setProperty("backgroundColor", QColor(Qt::white));
 ///     layer->add(new Ellipse(layer), QRect(20, 20, 80, 50));
 /// \endcode
 ///

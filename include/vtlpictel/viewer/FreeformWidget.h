@@ -24,13 +24,13 @@ class UpdateManager;
 /// at the widget's origin: pixel = (logical - origin) * scale.
 ///
 /// Ownership: the viewer owns the widget. The widget owns neither content nor update manager; each may be deleted at
-/// any time. Content that is replaced or outlives the widget loses its update manager, but stays notified.
+/// any time. Content that outlives the widget loses its update manager, but stays notified.
 ///
 /// Bad input: content other than a FreeformLayeredPane is refused with a warning. A scale that is not finite, or is 0,
 /// changes nothing. Null printers, unknown layers and missing content make an operation do nothing.
 ///
-/// The dynamic property "backgroundColor" (a QColor) fills the background before the content is painted; call update()
-/// after changing it.
+/// The dynamic property "backgroundColor" (a QColor) fills the background before the content is painted: set it, since
+/// without a valid colour the painter fills in black. Call update() after changing it.
 class VTLPICTEL_EXPORT FreeformWidget : public QWidget
 {
     Q_OBJECT

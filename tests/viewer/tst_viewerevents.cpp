@@ -1,0 +1,258 @@
+#include "support/TestMain.h"
+
+#include "Drawing.h"
+#include "EventLog.h"
+
+#include <QTest>
+#include <QWheelEvent>
+#include <QWindow>
+
+using namespace Vantrel::Pictel;
+
+class tst_ViewerEvents : public PictelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void dirtyRectIsRepainted_data();
+    void dirtyRectIsRepainted();
+    void dirtyRectIsRepaintedWithAFringeWhenScaled();
+    void invalidDirtyRectIsIgnored();
+    void figureChangeIsRepainted();
+    void updateAndRepaintAreTheWidgets();
+
+    void clickLocationIsInContentCoordinates();
+    void clickLocationDefaultsToTheCentre();
+    void wheelScrolls();
+    void resizeGrowsTheContent();
+    void resizeOfTheViewport();
+    void scrollingIsIgnoredDuringAZoom();
+    void widgetResizeIsFilteredDuringAZoomOnly();
+    void releasedScrollBarShrinksTheContent();
+    void scrollingUpdatesAHighlight();
+    void nullEventsAreIgnored();
+};
+
+void tst_ViewerEvents::dirtyRectIsRepainted_data()
+{
+    QTest::addColumn<QRect>("dirty");
+    QTest::addColumn<QRect>("painted");
+    QTest::newRow("inside") << QRect(10, 20, 30, 40) << QRect(60, 70, 30, 40);
+    QTest::newRow("negative") << QRect(-20, -10, 5, 6) << QRect(30, 40, 5, 6);
+    QTest::newRow("partly visible") << QRect(300, 200, 500, 500) << QRect(350, 250, 50, 50);
+}
+
+void tst_ViewerEvents::dirtyRectIsRepainted()
+{
+    QFETCH(QRect, dirty);
+    QFETCH(QRect, painted);
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(-50, -50)));
+    EventLog log(drawing.widget, {QEvent::Paint});
+    drawing.viewer.updateContentRect(dirty);
+    QTRY_COMPARE(log.count(), 1);
+    QCOMPARE(log.painted(), QRegion(painted));
+}
+
+void tst_ViewerEvents::dirtyRectIsRepaintedWithAFringeWhenScaled()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(2.0, QPoint(-50, -50)));
+    EventLog log(drawing.widget, {QEvent::Paint});
+    drawing.viewer.updateContentRect(QRect(10, 20, 30, 40));
+    QTRY_COMPARE(log.count(), 1);
+    // (120, 140, 60, 80) in pixels, grown by one content unit and one pixel.
+    QCOMPARE(log.painted(), QRegion(117, 137, 66, 86));
+}
+
+void tst_ViewerEvents::invalidDirtyRectIsIgnored()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(2.0, QPoint(-50, -50)));
+    EventLog log(drawing.widget, {QEvent::Paint});
+    drawing.viewer.updateContentRect(QRect(10, 20, 0, 40));
+    drawing.viewer.updateContentRect(QRect());
+    QCoreApplication::processEvents();
+    QCOMPARE(log.count(), 0);
+}
+
+void tst_ViewerEvents::figureChangeIsRepainted()
+{
+    Square drawing;
+    QVERIFY(drawing.show());
+    EventLog log(drawing.widget, {QEvent::Paint});
+    drawing.figure.setBounds(QRect(150, 20, 30, 40));
+    QTRY_COMPARE(log.count(), 1);
+    QCOMPARE(log.painted(), QRegion(0, 0, 100, 100) + QRegion(150, 20, 30, 40));
+}
+
+void tst_ViewerEvents::updateAndRepaintAreTheWidgets()
+{
+    Square drawing;
+    QVERIFY(drawing.show());
+    EventLog log(drawing.widget, {QEvent::Paint});
+    drawing.viewer.repaint();
+    QCOMPARE(log.count(), 1);
+    drawing.viewer.update();
+    QCOMPARE(log.count(), 1);
+    QTRY_COMPARE(log.count(), 2);
+    QCOMPARE(log.painted(), QRegion(0, 0, 400, 300));
+}
+
+void tst_ViewerEvents::clickLocationIsInContentCoordinates()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(2.0, QPoint(10, 20)));
+    QWindow *window = drawing.viewer.windowHandle();
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, QPoint(30, 40));
+    QCOMPARE(drawing.viewer.getLastClickLocation(), QPoint(25, 40));
+    drawing.viewer.horizontalScrollBar()->setValue(0);
+    QCOMPARE(drawing.viewer.getLastClickLocation(), QPoint(25, 40));
+    QTest::mouseClick(window, Qt::RightButton, Qt::NoModifier, QPoint(2, 4));
+    QCOMPARE(drawing.viewer.getLastClickLocation(), QPoint(-49, 22));
+}
+
+void tst_ViewerEvents::clickLocationDefaultsToTheCentre()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(0, 0)));
+    QCOMPARE(drawing.viewer.getLastClickLocation(), QPoint(199, 149));
+    drawing.viewer.setViewLocation(QPoint(100, 100), false);
+    QCOMPARE(drawing.viewer.getLastClickLocation(), QPoint(199, 149));
+    drawing.viewer.resetLastClickLocation();
+    QCOMPARE(drawing.viewer.getLastClickLocation(), QPoint(299, 249));
+}
+
+void tst_ViewerEvents::wheelScrolls()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(-50, -50)));
+    const QPointF position(20, 30);
+    QWheelEvent wheel(position, drawing.viewer.viewport()->mapToGlobal(position), QPoint(), QPoint(0, -120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(drawing.viewer.viewport(), &wheel);
+    const int scrolled = drawing.viewer.verticalScrollBar()->value();
+    QVERIFY(scrolled > 0);
+    QCOMPARE(drawing.widget.pos(), QPoint(0, -scrolled));
+    QCOMPARE(drawing.viewer.getViewRect(), QRect(-50, -50 + scrolled, 400, 300));
+}
+
+void tst_ViewerEvents::resizeGrowsTheContent()
+{
+    Square drawing;
+    QVERIFY(drawing.show());
+    drawing.viewer.resize(600, 250);
+    QCoreApplication::processEvents();
+    QCOMPARE(drawing.pane.getBounds(), QRect(0, 0, 600, 300));
+    QCOMPARE(drawing.widget.size(), QSize(600, 300));
+    QCOMPARE(drawing.scrollRange(), QPoint(0, 50));
+}
+
+void tst_ViewerEvents::resizeOfTheViewport()
+{
+    Square drawing;
+    QVERIFY(drawing.show());
+    drawing.viewer.resizeViewport(QSize(350, 250));
+    QCOMPARE(drawing.viewer.size(), QSize(350, 250));
+    QCOMPARE(drawing.viewer.viewport()->size(), QSize(350, 250));
+}
+
+void tst_ViewerEvents::scrollingIsIgnoredDuringAZoom()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(-50, -50)));
+    QPoint movedTo;
+    connect(&drawing.pane, &Figure::figureMoved, this, [&] {
+        drawing.viewer.horizontalScrollBar()->setValue(77);
+        movedTo = drawing.widget.pos();
+    });
+    const QPoint topLeft(-100, -50);
+    drawing.viewer.setScale(1.0, &topLeft);
+    QCOMPARE(movedTo, QPoint(0, 0));
+    drawing.pane.disconnect(this);
+    drawing.viewer.horizontalScrollBar()->setValue(77);
+    QCOMPARE(drawing.widget.pos(), QPoint(-77, 0));
+}
+
+void tst_ViewerEvents::widgetResizeIsFilteredDuringAZoomOnly()
+{
+    class OpenViewer : public FreeformViewer
+    {
+    public:
+        using FreeformViewer::eventFilter;
+    };
+    OpenViewer viewer;
+    viewer.resize(400, 300);
+    auto *widget = qobject_cast<FreeformWidget *>(viewer.widget());
+    widget->resize(1000, 700);
+    // Outside a zoom the scroll area follows the widget's size.
+    QResizeEvent resize(QSize(1000, 700), QSize(300, 200));
+    viewer.horizontalScrollBar()->setRange(0, 1);
+    QCOMPARE(viewer.eventFilter(widget, &resize), false);
+    QVERIFY(viewer.horizontalScrollBar()->maximum() > 1);
+
+    FreeformLayeredPane pane;
+    FreeformLayer layer(nullptr, false);
+    Figure figure;
+    layer.add(&figure, QRect(0, 0, 1000, 1000));
+    pane.addLayer(&layer, "layer");
+    viewer.setContent(&pane);
+    bool filtered = true;
+    int range = -1;
+    connect(&pane, &Figure::figureMoved, this, [&] {
+        viewer.horizontalScrollBar()->setRange(0, 1);
+        filtered = viewer.eventFilter(widget, &resize);
+        range = viewer.horizontalScrollBar()->maximum();
+    });
+    viewer.setScale(2.0);
+    QCOMPARE(filtered, false);
+    QCOMPARE(range, 1);
+}
+
+void tst_ViewerEvents::releasedScrollBarShrinksTheContent()
+{
+    for (const Qt::Orientation orientation : {Qt::Horizontal, Qt::Vertical}) {
+        Square drawing;
+        QVERIFY(drawing.show());
+        drawing.widget.ensureViewable(QRect(0, 0, 2000, 2000), false, true);
+        const bool isHorizontal = orientation == Qt::Horizontal;
+        QScrollBar *bar = isHorizontal ? drawing.viewer.horizontalScrollBar() : drawing.viewer.verticalScrollBar();
+        bar->setSliderDown(true);
+        bar->setSliderPosition(100);
+        QCOMPARE(drawing.pane.getBounds(), QRect(0, 0, 2000, 2000));
+        bar->setSliderDown(false);
+        const QRect expected = isHorizontal ? QRect(-50, -50, 550, 350) : QRect(-50, -50, 450, 450);
+        QCOMPARE(drawing.pane.getBounds(), expected);
+    }
+}
+
+void tst_ViewerEvents::scrollingUpdatesAHighlight()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(-50, -50)));
+    drawing.viewer.setHighlighted(true);
+    QCoreApplication::processEvents();
+    EventLog log(drawing.widget, {QEvent::Paint});
+    drawing.viewer.horizontalScrollBar()->setValue(10);
+    QTRY_COMPARE(log.painted(), QRegion(10, 0, 400, 300));
+}
+
+void tst_ViewerEvents::nullEventsAreIgnored()
+{
+    class OpenViewer : public FreeformViewer
+    {
+    public:
+        using FreeformViewer::eventFilter;
+        using FreeformViewer::mousePressEvent;
+        using FreeformViewer::resizeEvent;
+    };
+    OpenViewer viewer;
+    viewer.resize(400, 300);
+    viewer.mousePressEvent(nullptr);
+    viewer.resizeEvent(nullptr);
+    QCOMPARE(viewer.eventFilter(viewer.widget(), nullptr), false);
+    QCOMPARE(viewer.getLastClickLocation(), viewer.getViewRect().center());
+}
+
+PICTEL_TEST_MAIN(tst_ViewerEvents)
+#include "tst_viewerevents.moc"
