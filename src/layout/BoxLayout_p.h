@@ -180,9 +180,7 @@ void BoxLayout<Box>::placeNext(Figure *child)
 template <typename Box>
 int BoxLayout<Box>::shareOf(quint32 stretch) const
 {
-    if (m_extra < 1 || m_totalStretch <= 0.0 || stretch == 0)
-        return 0;
-    return truncateToInt((stretch * static_cast<quint32>(m_extra)) / m_totalStretch);
+    return m_totalStretch > 0.0 ? truncateToInt((stretch * static_cast<quint32>(m_extra)) / m_totalStretch) : 0;
 }
 
 } // namespace Vantrel::Pictel

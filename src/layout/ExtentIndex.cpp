@@ -33,19 +33,12 @@ void ExtentIndex::childAdded(Figure *child)
 
 void ExtentIndex::childRemoved(Figure *child)
 {
-    m_due.remove(child);
-    m_unsteady.remove(child);
-    const auto slot = m_slots.constFind(child);
-    if (slot == m_slots.cend())
-        return;
-    m_contributions.giveBackSlot(*slot);
-    m_slots.erase(slot);
+    m_contributions.giveBackSlot(m_slots.take(child));
 }
 
 void ExtentIndex::childChanged(Figure *child)
 {
-    if (m_slots.contains(child))
-        m_due.insert(child);
+    m_due.insert(child);
 }
 
 void ExtentIndex::childDestroyed()

@@ -44,6 +44,7 @@ private:
     FreeformLayout &m_layout;
     UnionTree m_contributions;
     QHash<Figure *, int> m_slots;
+    // Both may still hold children that have left; those have no slot any more.
     QSet<Figure *> m_due;
     QSet<Figure *> m_unsteady;
 };

@@ -29,10 +29,7 @@ FreeformLayout::FreeformLayout(QObject *parent, bool contentMonitored)
     setChildObserver(m_index.get());
 }
 
-FreeformLayout::~FreeformLayout()
-{
-    setChildObserver(nullptr);
-}
+FreeformLayout::~FreeformLayout() = default;
 
 QPoint FreeformLayout::getOrigin(Figure *) const
 {

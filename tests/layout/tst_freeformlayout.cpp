@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 #include <vector>
 
 using namespace Vantrel::Pictel;
@@ -47,6 +48,23 @@ public:
         if (!bounds.isValid() && bounds.height() < 1 && preferred.height() >= 1)
             resolved.setHeight(preferred.height());
         return resolved;
+    }
+};
+
+// Takes figures, itself perhaps, out of their parent when it is asked for its bounds.
+class LeavingFigure : public HintedFigure
+{
+public:
+    QList<Figure *> leaving;
+
+    QRect resolveBounds(const QRect &bounds) override
+    {
+        const QList<Figure *> toRemove = std::exchange(leaving, {});
+        for (Figure *figure : toRemove) {
+            if (Figure *parent = figure->getParentFigure())
+                parent->remove(figure);
+        }
+        return bounds;
     }
 };
 
@@ -192,6 +210,8 @@ private Q_SLOTS:
     void extentEqualsAWalkOverTheChildren_data();
     void extentEqualsAWalkOverTheChildren();
     void examiningAsksOnlyTheChildThatChanged();
+    void examiningLeavesOutAChildThatIsLeaving();
+    void examiningSurvivesChildrenThatLeaveWhenAsked();
 
     void examiningAnnouncesEachChangedEdge_data();
     void examiningAnnouncesEachChangedEdge();
@@ -431,6 +451,31 @@ void tst_FreeformLayout::examiningAsksOnlyTheChildThatChanged()
     QVERIFY(std::all_of(figures.begin(), figures.end(),
                         [&](const auto &figure) { return figure == figures[50] || figure->asked == 0; }));
     QCOMPARE(m_layout->getFreeformExtent(), QRect(0, -100, 995, 105));
+}
+
+void tst_FreeformLayout::examiningLeavesOutAChildThatIsLeaving()
+{
+    addChild(QRect(10, 20, 30, 40));
+    HintedFigure *leaving = addChild(QRect(-5, -6, 3, 4));
+    m_layout->examineExtent();
+    QRect extentMeanwhile;
+    connect(leaving, &Figure::propertyChanged, this, [&] { extentMeanwhile = m_layout->calculateFreeformExtent(); });
+    m_container->remove(leaving);
+    QCOMPARE(extentMeanwhile, QRect(10, 20, 30, 40));
+}
+
+void tst_FreeformLayout::examiningSurvivesChildrenThatLeaveWhenAsked()
+{
+    addChild(QRect(10, 20, 30, 40));
+    LeavingFigure first;
+    LeavingFigure second;
+    m_container->add(&first, QRect(-5, -6, 3, 4));
+    m_container->add(&second, QRect(-7, -8, 3, 4));
+    first.leaving = {&first, &second};
+    second.leaving = {&first, &second};
+    m_layout->examineExtent();
+    QCOMPARE(m_container->childFigureCount(), 1);
+    QCOMPARE(m_layout->calculateFreeformExtent(), QRect(10, 20, 30, 40));
 }
 
 void tst_FreeformLayout::examiningAnnouncesEachChangedEdge_data()

@@ -87,6 +87,7 @@ private Q_SLOTS:
     void childDyingWhileAddedIsSurvived();
     void layoutDyingWhileAChildIsAddedIsSurvived();
     void layoutDyingWhileAChildIsRemovedIsSurvived();
+    void childDyingWhileRemovedIsSurvived();
     void replacedLayoutKeepsItsChildren();
 
     void manyChildrenAreAddedAndRemoved();
@@ -522,6 +523,15 @@ void tst_LayoutContract::layoutDyingWhileAChildIsRemovedIsSurvived()
     QVERIFY(m_container->remove(child));
     QCOMPARE(m_container->getLayoutManager(), nullptr);
     QCOMPARE(child->getParentFigure(), nullptr);
+}
+
+void tst_LayoutContract::childDyingWhileRemovedIsSurvived()
+{
+    FreeformProbe *child = addChild();
+    FreeformProbe *other = addChild();
+    connect(child, &Figure::propertyChanged, this, [this] { m_children[0].reset(); });
+    QVERIFY(m_layout->remove(child));
+    QCOMPARE(children(), Figures({other}));
 }
 
 void tst_LayoutContract::replacedLayoutKeepsItsChildren()
