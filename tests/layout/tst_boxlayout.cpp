@@ -1,67 +1,21 @@
-#include "layout/HintedFigure.h"
-#include "support/ProbeLocator.h"
-#include "support/TestMain.h"
-
-#include <vtlpictel/layout/HBoxLayout.h>
-#include <vtlpictel/layout/VBoxLayout.h>
+#include "layout/BoxLayoutTest.h"
 
 #include <QTest>
 
-#include <limits>
-#include <memory>
-#include <vector>
-
 using namespace Vantrel::Pictel;
 
-namespace {
-
-template <typename Box>
-class OpenBox : public Box
-{
-public:
-    using Box::applyConstraint;
-    using Box::Box;
-    using Box::isClipping;
-    using Box::performLayout;
-};
-
-// Counts validations; a valid figure is not laid out again.
-class ValidatedFigure : public HintedFigure
-{
-public:
-    using HintedFigure::HintedFigure;
-
-    int validations = 0;
-
-    void validate() override
-    {
-        ++validations;
-        HintedFigure::validate();
-    }
-};
-
-struct Guest
-{
-    QSize preferred;
-    unsigned int stretch = 0;
-    QVariant constraint = QVariant();
-};
-using Guests = std::vector<Guest>;
-using Rects = QList<QRect>;
-
-} // namespace
-
-Q_DECLARE_METATYPE(Guests)
-
-/// All of this is written for a row; the expected rectangles of a column are those of the row, transposed.
-class tst_BoxLayout : public PictelTest
+class tst_BoxLayout : public BoxLayoutTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase_data();
-    void init();
-    void cleanup();
+    void initTestCase_data() { addOrientations(); }
+    void init()
+    {
+        PictelTest::init();
+        setUp();
+    }
+    void cleanup() { tearDown(); }
 
     void sizesAddUpAlongTheRow_data();
     void sizesAddUpAlongTheRow();
@@ -87,114 +41,10 @@ private Q_SLOTS:
     void childDeletedDuringLayoutIsSkipped();
     void layoutSurvivesItsOwnDeletion();
 
-    void sizeConstraintIsRaisedToTheMinimum_data();
-    void sizeConstraintIsRaisedToTheMinimum();
-    void realSizeConstraintIsRaisedAndStoredAsItIs_data();
-    void realSizeConstraintIsRaisedAndStoredAsItIs();
-    void sizeConstraintResizesTheChildInPlace();
-    void sizeConstraintThatFitsChangesNothing();
-    void otherConstraintsGoToTheBase();
-    void nullOrUnknownChildIsRefused();
-    void resizedChildMayDieAtOnce();
-
     void alignmentAndSpacingAtFirst();
     void layoutIsRelativeAndClips();
     void layoutIsTheClassItself();
-
-private:
-    bool isVertical() const;
-    QSize along(const QSize &size) const { return isVertical() ? size.transposed() : size; }
-    QRect along(const QRect &rect) const;
-    QVariant along(const QVariant &constraint) const;
-    HintedFigure *addChild(const Guest &guest);
-    void addChildren(const Guests &guests);
-    Rects boundsInRow() const;
-    bool performLayout(const QRect &area);
-
-    std::unique_ptr<Figure> m_container;
-    Layout *m_layout = nullptr;
-    std::vector<std::unique_ptr<HintedFigure>> m_children;
 };
-
-void tst_BoxLayout::initTestCase_data()
-{
-    QTest::addColumn<bool>("vertical");
-    QTest::newRow("row") << false;
-    QTest::newRow("column") << true;
-}
-
-bool tst_BoxLayout::isVertical() const
-{
-    QFETCH_GLOBAL(bool, vertical);
-    return vertical;
-}
-
-QRect tst_BoxLayout::along(const QRect &rect) const
-{
-    return isVertical() ? QRect(rect.y(), rect.x(), rect.height(), rect.width()) : rect;
-}
-
-QVariant tst_BoxLayout::along(const QVariant &constraint) const
-{
-    if (!isVertical())
-        return constraint;
-    if (constraint.typeId() == QMetaType::QSizeF)
-        return constraint.toSizeF().transposed();
-    return constraint.typeId() == QMetaType::QSize ? QVariant(constraint.toSize().transposed()) : constraint;
-}
-
-void tst_BoxLayout::init()
-{
-    PictelTest::init();
-    m_container = std::make_unique<Figure>();
-    if (isVertical())
-        m_layout = new OpenBox<VBoxLayout>(m_container.get());
-    else
-        m_layout = new OpenBox<HBoxLayout>(m_container.get());
-    m_container->setLayoutManager(m_layout);
-}
-
-void tst_BoxLayout::cleanup()
-{
-    m_children.clear();
-    m_container.reset();
-}
-
-HintedFigure *tst_BoxLayout::addChild(const Guest &guest)
-{
-    auto child = std::make_unique<HintedFigure>(along(guest.preferred), along(guest.preferred));
-    child->setExpandingDirections(Qt::Horizontal);
-    const unsigned int vertical = isVertical() ? guest.stretch : 0;
-    const unsigned int horizontal = isVertical() ? 0 : guest.stretch;
-    m_container->add(child.get(), vertical, horizontal, -1);
-    if (guest.constraint.isValid()) {
-        child->minimum = QSize(0, 0);
-        m_layout->setConstraint(child.get(), along(guest.constraint));
-    }
-    m_children.push_back(std::move(child));
-    return m_children.back().get();
-}
-
-void tst_BoxLayout::addChildren(const Guests &guests)
-{
-    for (const Guest &guest : guests)
-        addChild(guest);
-}
-
-Rects tst_BoxLayout::boundsInRow() const
-{
-    Rects bounds;
-    for (const auto &child : m_children)
-        bounds << along(child->getBounds());
-    return bounds;
-}
-
-bool tst_BoxLayout::performLayout(const QRect &area)
-{
-    if (isVertical())
-        return static_cast<OpenBox<VBoxLayout> *>(m_layout)->performLayout(along(area));
-    return static_cast<OpenBox<HBoxLayout> *>(m_layout)->performLayout(area);
-}
 
 void tst_BoxLayout::sizesAddUpAlongTheRow_data()
 {
@@ -444,103 +294,6 @@ void tst_BoxLayout::layoutSurvivesItsOwnDeletion()
     m_container->validate();
     QCOMPARE(m_container->getLayoutManager(), nullptr);
     QCOMPARE(m_children[1]->getBounds(), QRect());
-}
-
-void tst_BoxLayout::sizeConstraintIsRaisedToTheMinimum_data()
-{
-    QTest::addColumn<QSize>("constraint");
-    QTest::addColumn<QSize>("stored");
-
-    QTest::newRow("large enough") << QSize(30, 40) << QSize(30, 40);
-    QTest::newRow("too small") << QSize(3, 4) << QSize(10, 11);
-    QTest::newRow("too narrow") << QSize(3, 40) << QSize(10, 40);
-    QTest::newRow("too low") << QSize(30, 4) << QSize(30, 11);
-    QTest::newRow("zero") << QSize(0, 0) << QSize(10, 11);
-    QTest::newRow("negative width") << QSize(-1, 4) << QSize(-1, 11);
-    QTest::newRow("negative height") << QSize(3, -7) << QSize(10, -7);
-}
-
-void tst_BoxLayout::sizeConstraintIsRaisedToTheMinimum()
-{
-    QFETCH(QSize, constraint);
-    QFETCH(QSize, stored);
-    HintedFigure child(QSize(20, 20), QSize(10, 11));
-    QVERIFY(m_container->add(&child, constraint));
-    QCOMPARE(m_layout->getConstraint(&child), QVariant(stored));
-    QVERIFY(!m_layout->setConstraint(&child, constraint));
-}
-
-void tst_BoxLayout::realSizeConstraintIsRaisedAndStoredAsItIs_data()
-{
-    QTest::addColumn<QSizeF>("constraint");
-    QTest::addColumn<QSizeF>("stored");
-    QTest::addColumn<QSize>("size");
-
-    QTest::newRow("large enough") << QSizeF(30.5, 40.25) << QSizeF(30.5, 40.25) << QSize(31, 40);
-    QTest::newRow("too small") << QSizeF(9.9, 10.9) << QSizeF(10, 11) << QSize(10, 11);
-    QTest::newRow("negative width") << QSizeF(-0.5, 4) << QSizeF(-0.5, 11) << QSize(20, 11);
-    QTest::newRow("negative height") << QSizeF(4, -7.25) << QSizeF(10, -7.25) << QSize(10, 20);
-}
-
-void tst_BoxLayout::realSizeConstraintIsRaisedAndStoredAsItIs()
-{
-    QFETCH(QSizeF, constraint);
-    QFETCH(QSizeF, stored);
-    QFETCH(QSize, size);
-    HintedFigure child(QSize(20, 20), QSize(10, 11));
-    QVERIFY(m_container->add(&child, constraint));
-    QCOMPARE(m_layout->getConstraint(&child).typeId(), int(QMetaType::QSizeF));
-    QCOMPARE(m_layout->getConstraint(&child).toSizeF(), stored);
-    QCOMPARE(child.getBounds().size(), size);
-}
-
-void tst_BoxLayout::sizeConstraintResizesTheChildInPlace()
-{
-    ValidatedFigure child(QSize(20, 20));
-    child.setBounds(QRect(5, 6, 7, 8));
-    QVERIFY(m_container->add(&child, QSize(30, 40)));
-    QCOMPARE(child.getBounds(), QRect(5, 6, 30, 40));
-    QCOMPARE(child.validations, 1);
-}
-
-void tst_BoxLayout::sizeConstraintThatFitsChangesNothing()
-{
-    ValidatedFigure child(QSize(20, 20));
-    child.setBounds(QRect(5, 6, 30, 40));
-    QVERIFY(m_container->add(&child, QSize(30, 40)));
-    QCOMPARE(child.getBounds(), QRect(5, 6, 30, 40));
-    QCOMPARE(child.validations, 0);
-}
-
-void tst_BoxLayout::otherConstraintsGoToTheBase()
-{
-    ProbeLocator locator(QRect(1, 2, 3, 4), this);
-    ValidatedFigure child(QSize(20, 20));
-    child.setBounds(QRect(5, 6, 30, 40));
-    m_container->add(&child, QRect(1, 1, 1, 1));
-    QCOMPARE(m_layout->getConstraint(&child), QVariant(QRect(1, 1, 1, 1)));
-    QCOMPARE(child.getBounds(), QRect(5, 6, 30, 40));
-    m_layout->setConstraint(&child, QVariant::fromValue(&locator));
-    QCOMPARE(child.getBounds(), QRect(1, 2, 3, 4));
-    QVERIFY(m_layout->setConstraint(&child, QVariant()));
-    QCOMPARE(child.validations, 0);
-}
-
-void tst_BoxLayout::nullOrUnknownChildIsRefused()
-{
-    HintedFigure stranger(QSize(20, 20));
-    QVERIFY(!m_layout->setConstraint(nullptr, QSize(1, 2)));
-    QVERIFY(!m_layout->setConstraint(nullptr, QSizeF(1, 2)));
-    QVERIFY(!m_layout->setConstraint(&stranger, QSize(1, 2)));
-    QCOMPARE(stranger.getBounds(), QRect());
-}
-
-void tst_BoxLayout::resizedChildMayDieAtOnce()
-{
-    auto child = std::make_unique<ValidatedFigure>(QSize(20, 20));
-    connect(child.get(), &Figure::figureMoved, this, [&] { child.reset(); });
-    m_container->add(child.get(), QSize(30, 40));
-    QCOMPARE(m_container->childFigureCount(), 0);
 }
 
 void tst_BoxLayout::alignmentAndSpacingAtFirst()

@@ -1,14 +1,7 @@
-#include "support/FreeformProbe.h"
-#include "support/ProbeLocator.h"
-#include "support/TestMain.h"
+#include "layout/LayoutContractTest.h"
 #include "support/TreeInvariants.h"
 
-#include <vtlpictel/layout/DelegatingLayout.h>
-#include <vtlpictel/layout/FreeformLayout.h>
-#include <vtlpictel/layout/FreeformStackLayout.h>
-#include <vtlpictel/layout/HBoxLayout.h>
 #include <vtlpictel/layout/StackLayout.h>
-#include <vtlpictel/layout/VBoxLayout.h>
 #include <vtlpictel/layout/XYLayout.h>
 
 #include <QRandomGenerator>
@@ -20,39 +13,19 @@
 
 using namespace Vantrel::Pictel;
 
-namespace {
-
-using Figures = QList<Figure *>;
-
-template <typename LayoutClass>
-Layout *make(QObject *parent)
-{
-    return new LayoutClass(parent);
-}
-
-template <bool contentMonitored>
-Layout *makeFreeform(QObject *parent)
-{
-    return new FreeformLayout(parent, contentMonitored);
-}
-
-using LayoutMaker = Layout *(*)(QObject *parent);
-
-enum class Part { Container, Layout, First, Second, Locator };
-
-} // namespace
-
-Q_DECLARE_METATYPE(LayoutMaker)
-
 /// What every layout promises, whatever it does with its children. Each test runs once for each layout.
-class tst_LayoutContract : public PictelTest
+class tst_LayoutContract : public LayoutContractTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase_data();
-    void init();
-    void cleanup();
+    void initTestCase_data() { addLayouts(); }
+    void init()
+    {
+        PictelTest::init();
+        setUp();
+    }
+    void cleanup() { tearDown(); }
 
     void addedChildIsListedBelowItsContainer();
     void childrenStandInTheOrderOfTheirIndices();
@@ -79,111 +52,10 @@ private Q_SLOTS:
     void layoutHappensOnceUntilInvalidated();
     void emptyContainerIsLaidOut();
 
-    void partsDieInAnyOrder_data();
-    void partsDieInAnyOrder();
-    void childDyingDuringLayoutIsSkipped();
-    void containerDyingDuringLayoutIsSurvived();
-    void layoutDyingDuringLayoutIsSurvived();
-    void childDyingWhileAddedIsSurvived();
-    void layoutDyingWhileAChildIsAddedIsSurvived();
-    void layoutDyingWhileAChildIsRemovedIsSurvived();
-    void childDyingWhileRemovedIsSurvived();
     void replacedLayoutKeepsItsChildren();
 
     void manyChildrenAreAddedAndRemoved();
-
-private:
-    FreeformProbe *addChild();
-    QVariant placeOf(Figure *child);
-    void displace(const Figures &figures);
-    void destroy(Part part);
-    Figures children() const { return m_container->childFigures(); }
-
-    std::unique_ptr<Figure> m_container;
-    QPointer<Layout> m_layout;
-    std::vector<std::unique_ptr<FreeformProbe>> m_children;
-    std::vector<std::unique_ptr<ProbeLocator>> m_locators;
 };
-
-void tst_LayoutContract::initTestCase_data()
-{
-    QTest::addColumn<LayoutMaker>("make");
-    QTest::newRow("XYLayout") << LayoutMaker(make<XYLayout>);
-    QTest::newRow("FreeformLayout") << LayoutMaker(makeFreeform<false>);
-    QTest::newRow("FreeformLayout, monitored") << LayoutMaker(makeFreeform<true>);
-    QTest::newRow("StackLayout") << LayoutMaker(make<StackLayout>);
-    QTest::newRow("FreeformStackLayout") << LayoutMaker(make<FreeformStackLayout>);
-    QTest::newRow("DelegatingLayout") << LayoutMaker(make<DelegatingLayout>);
-    QTest::newRow("HBoxLayout") << LayoutMaker(make<HBoxLayout>);
-    QTest::newRow("VBoxLayout") << LayoutMaker(make<VBoxLayout>);
-}
-
-void tst_LayoutContract::init()
-{
-    PictelTest::init();
-    QFETCH_GLOBAL(LayoutMaker, make);
-    m_container = std::make_unique<Figure>();
-    m_layout = make(nullptr);
-    m_container->setLayoutManager(m_layout);
-    m_container->setBounds(QRect(0, 0, 300, 200));
-}
-
-void tst_LayoutContract::cleanup()
-{
-    delete m_layout;
-    m_container.reset();
-    m_children.clear();
-    m_locators.clear();
-}
-
-// A figure that every layout can place, with a size to be given where a layout asks for one.
-FreeformProbe *tst_LayoutContract::addChild()
-{
-    m_children.push_back(std::make_unique<FreeformProbe>(QRect(0, 0, 10, 10)));
-    FreeformProbe *child = m_children.back().get();
-    child->setPreferredSize(QSize(10, 10));
-    m_container->add(child, placeOf(child));
-    return child;
-}
-
-// The constraint by which this layout places the child.
-QVariant tst_LayoutContract::placeOf(Figure *)
-{
-    if (qobject_cast<XYLayout *>(m_layout))
-        return QRect(20, 30, 10, 10);
-    if (!qobject_cast<DelegatingLayout *>(m_layout))
-        return QVariant();
-    m_locators.push_back(std::make_unique<ProbeLocator>(QRect(20, 30, 10, 10), this));
-    return QVariant::fromValue(m_locators.back().get());
-}
-
-// Moves the children to where the next layout cannot leave them.
-void tst_LayoutContract::displace(const Figures &figures)
-{
-    m_layout->invalidate();
-    if (auto *stack = qobject_cast<FreeformStackLayout *>(m_layout))
-        stack->setFreeformBounds(QRect(1, 1, 40, 40));
-    for (Figure *child : figures)
-        child->setBounds(QRect(900, 900, 5, 5));
-}
-
-void tst_LayoutContract::destroy(Part part)
-{
-    switch (part) {
-    case Part::Container:
-        m_container.reset();
-        break;
-    case Part::Layout:
-        delete m_layout;
-        break;
-    case Part::First:
-    case Part::Second:
-        m_children[part == Part::First ? 0 : 1].reset();
-        break;
-    case Part::Locator:
-        m_locators.clear();
-    }
-}
 
 void tst_LayoutContract::addedChildIsListedBelowItsContainer()
 {
@@ -289,7 +161,7 @@ void tst_LayoutContract::removedChildCanBeAddedAgain()
     FreeformProbe *child = addChild();
     addChild();
     m_layout->remove(child);
-    QVERIFY(m_layout->add(child, placeOf(child), 0));
+    QVERIFY(m_layout->add(child, place(), 0));
     QCOMPARE(children().constFirst(), child);
     QCOMPARE(child->getParentFigure(), m_container.get());
 }
@@ -312,7 +184,7 @@ void tst_LayoutContract::childrenRemovedInAnyOrderLeaveTheOthersInOrder()
             const int index = random.bounded(int(expected.size()) + 1);
             FreeformProbe *child = addChild();
             m_layout->remove(child);
-            m_layout->add(child, placeOf(child), index);
+            m_layout->add(child, place(), index);
             expected.insert(index, child);
         } else {
             m_layout->remove(expected.takeAt(random.bounded(int(expected.size()))));
@@ -422,116 +294,6 @@ void tst_LayoutContract::emptyContainerIsLaidOut()
 {
     m_layout->invalidate();
     QVERIFY(m_layout->layout(m_container.get()));
-}
-
-void tst_LayoutContract::partsDieInAnyOrder_data()
-{
-    QTest::addColumn<QList<int>>("order");
-    QList<int> order {0, 1, 2, 3, 4};
-    do {
-        QString name;
-        for (const int part : order)
-            name += QStringLiteral("CL12P").at(part);
-        QTest::newRow(qPrintable(name)) << order;
-    } while (std::next_permutation(order.begin(), order.end()));
-}
-
-void tst_LayoutContract::partsDieInAnyOrder()
-{
-    QFETCH(QList<int>, order);
-    addChild();
-    addChild();
-    m_container->addNotify();
-    m_container->validate();
-    for (const int part : order) {
-        destroy(Part(part));
-        if (m_layout)
-            QCOMPARE(m_layout->getFigure(), m_container.get());
-        if (m_container && m_layout)
-            m_container->invalidate();
-        if (m_container)
-            m_container->validate();
-        if (m_container)
-            QCOMPARE(brokenInvariant(m_container.get()), QString());
-        for (const auto &child : m_children) {
-            if (child)
-                child->setBounds(child->getBounds().translated(1, 1));
-        }
-    }
-}
-
-void tst_LayoutContract::childDyingDuringLayoutIsSkipped()
-{
-    FreeformProbe *first = addChild();
-    addChild();
-    FreeformProbe *third = addChild();
-    displace({first, third});
-    connect(first, &Figure::figureMoved, this, [this] { m_children[1].reset(); });
-    QVERIFY(m_layout->layout(m_container.get()));
-    QCOMPARE(children(), Figures({first, third}));
-    QVERIFY(third->getBounds() != QRect(900, 900, 5, 5));
-}
-
-void tst_LayoutContract::containerDyingDuringLayoutIsSurvived()
-{
-    FreeformProbe *first = addChild();
-    FreeformProbe *second = addChild();
-    displace({first, second});
-    connect(first, &Figure::figureMoved, this, [this] { m_container.reset(); });
-    QVERIFY(!m_layout->layout(m_container.get()));
-    QCOMPARE(m_layout->getFigure(), nullptr);
-    QCOMPARE(m_layout->childFigureCount(), 0);
-    QCOMPARE(first->getParentFigure(), nullptr);
-}
-
-void tst_LayoutContract::layoutDyingDuringLayoutIsSurvived()
-{
-    FreeformProbe *first = addChild();
-    FreeformProbe *second = addChild();
-    displace({first, second});
-    connect(first, &Figure::figureMoved, this, [this] { delete m_layout; });
-    QVERIFY(!m_layout->layout(m_container.get()));
-    QCOMPARE(m_container->getLayoutManager(), nullptr);
-    QCOMPARE(second->getBounds(), QRect(900, 900, 5, 5));
-}
-
-void tst_LayoutContract::childDyingWhileAddedIsSurvived()
-{
-    auto child = std::make_unique<FreeformProbe>();
-    connect(child.get(), &Figure::propertyChanged, this, [&] { child.reset(); });
-    m_layout->add(child.get(), QVariant(), -1);
-    QCOMPARE(m_layout->childFigureCount(), 0);
-    child = std::make_unique<FreeformProbe>();
-    connect(child.get(), &Figure::propertyChanged, this, [&] { child.reset(); });
-    m_layout->add(child.get(), 1U, 1U, -1);
-    QCOMPARE(m_layout->childFigureCount(), 0);
-}
-
-void tst_LayoutContract::layoutDyingWhileAChildIsAddedIsSurvived()
-{
-    FreeformProbe child;
-    connect(&child, &Figure::propertyChanged, this, [this] { delete m_layout; });
-    m_container->add(&child, QRect(1, 2, 3, 4));
-    QCOMPARE(m_container->getLayoutManager(), nullptr);
-    QCOMPARE(child.getBounds(), QRect());
-}
-
-void tst_LayoutContract::layoutDyingWhileAChildIsRemovedIsSurvived()
-{
-    FreeformProbe *child = addChild();
-    connect(child, &Figure::propertyChanged, this, [this] { delete m_layout; });
-    QVERIFY(m_container->remove(child));
-    QCOMPARE(m_container->getLayoutManager(), nullptr);
-    QCOMPARE(child->getParentFigure(), nullptr);
-}
-
-void tst_LayoutContract::childDyingWhileRemovedIsSurvived()
-{
-    FreeformProbe *child = addChild();
-    FreeformProbe *other = addChild();
-    connect(child, &Figure::propertyChanged, this, [this] { m_children[0].reset(); });
-    QVERIFY(m_layout->remove(child));
-    QCOMPARE(children(), Figures({other}));
 }
 
 void tst_LayoutContract::replacedLayoutKeepsItsChildren()

@@ -1,13 +1,8 @@
-#include "layout/HintedFigure.h"
+#include "layout/XYLayoutTest.h"
 #include "support/ProbeLocator.h"
-#include "support/TestMain.h"
 
-#include <vtlpictel/layout/XYLayout.h>
-
-#include <QSignalSpy>
 #include <QTest>
 
-#include <functional>
 #include <limits>
 #include <memory>
 
@@ -15,65 +10,21 @@ using namespace Vantrel::Pictel;
 
 namespace {
 
-class OpenXYLayout : public XYLayout
-{
-public:
-    using XYLayout::applyConstraint;
-    using XYLayout::isClipping;
-    using XYLayout::isLaidOut;
-    using XYLayout::performLayout;
-    using XYLayout::setLaidOut;
-    using XYLayout::XYLayout;
-};
-
-// Overrides the hook that childMoved() and performLayout() must go through.
-class CountingXYLayout : public OpenXYLayout
-{
-public:
-    int constraintCalls = 0;
-    int applyCalls = 0;
-
-    bool setConstraint(Figure *child, const QVariant &constraint) override
-    {
-        ++constraintCalls;
-        return XYLayout::setConstraint(child, constraint);
-    }
-
-protected:
-    bool applyConstraint(Figure *child, const QVariant &constraint) override
-    {
-        ++applyCalls;
-        return XYLayout::applyConstraint(child, constraint);
-    }
-};
-
-// Runs an action after a constraint was stored.
-class InterruptedXYLayout : public OpenXYLayout
-{
-public:
-    std::function<void()> interruption;
-
-    bool setConstraint(Figure *child, const QVariant &constraint) override
-    {
-        const std::function<void()> interrupt = interruption;
-        const bool stored = XYLayout::setConstraint(child, constraint);
-        if (interrupt)
-            interrupt();
-        return stored;
-    }
-};
-
 const QSize NoMinimum(0, 0);
 
 } // namespace
 
-class tst_XYLayout : public PictelTest
+class tst_XYLayout : public XYLayoutTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        PictelTest::init();
+        setUp();
+    }
+    void cleanup() { tearDown(); }
 
     void rectangleIsCompletedWhenItIsSet_data();
     void rectangleIsCompletedWhenItIsSet();
@@ -107,54 +58,12 @@ private Q_SLOTS:
     void originIsTheClientAreasCorner();
     void originOfNullOrInvalidAreaIsZero();
 
-    void movedChildBecomesItsConstraint();
-    void moveBeforeFirstLayoutChangesNothing();
-    void moveToTheConstraintEmitsNothing();
-    void moveBelowTheMinimumIsRaised();
-    void moveOfRealRectangleStoresIntegers();
-    void moveKeepsAskingForThePreferredSize_data();
-    void moveKeepsAskingForThePreferredSize();
-    void moveOfLocatedChildIsUndone();
-    void moveOfChildWithoutConstraintIsIgnored();
-    void moveOfChildWithOtherConstraintIsIgnored();
-    void moveIsIgnoredForNull();
-    void moveGoesThroughSetConstraint();
-    void restlessLocatorComesToAnEnd();
-    void childDeletedByItsMoveIsNotAnnounced();
-    void layoutDeletedByAMoveAnnouncesNothing();
-
-    void childIsWatchedOnceByEitherAdd();
-    void refusedDuplicateIsNotWatchedTwice();
     void stretchAddTakesTheBoundsAsConstraint();
-    void removedChildIsNotWatched();
-    void watchingCanBeEndedBySignature();
     void removeOfNullOrUnknownFails();
-    void childTakenAwayWhileAddedIsNotWatched();
 
     void layoutIsRelativeAndClips();
     void defaultParentIsNull();
-
-private:
-    std::unique_ptr<Figure> m_container;
-    OpenXYLayout *m_layout = nullptr;
-    std::unique_ptr<HintedFigure> m_child;
 };
-
-void tst_XYLayout::init()
-{
-    PictelTest::init();
-    m_container = std::make_unique<Figure>();
-    m_layout = new OpenXYLayout(m_container.get());
-    m_container->setLayoutManager(m_layout);
-    m_container->setBounds(QRect(0, 0, 500, 400));
-    m_child = std::make_unique<HintedFigure>(QSize(40, 20));
-}
-
-void tst_XYLayout::cleanup()
-{
-    m_child.reset();
-    m_container.reset();
-}
 
 void tst_XYLayout::rectangleIsCompletedWhenItIsSet_data()
 {
@@ -458,211 +367,6 @@ void tst_XYLayout::originOfNullOrInvalidAreaIsZero()
     QCOMPARE(m_layout->getOrigin(&figure), QPoint(0, 0));
 }
 
-void tst_XYLayout::movedChildBecomesItsConstraint()
-{
-    m_container->add(m_child.get(), QRect(5, 6, 7, 8));
-    m_container->validate();
-    QSignalSpy changes(m_layout, &XYLayout::constraintChanged);
-    m_child->setBounds(QRect(15, 16, 17, 18));
-    QCOMPARE(m_layout->getConstraint(m_child.get()), QVariant(QRect(15, 16, 17, 18)));
-    QCOMPARE(changes.size(), 1);
-    QCOMPARE(changes.at(0).at(0).value<Figure *>(), m_child.get());
-}
-
-void tst_XYLayout::moveBeforeFirstLayoutChangesNothing()
-{
-    m_container->add(m_child.get(), QRect(5, 6, 7, 8));
-    QSignalSpy changes(m_layout, &XYLayout::constraintChanged);
-    m_child->setBounds(QRect(15, 16, 17, 18));
-    QCOMPARE(m_layout->getConstraint(m_child.get()), QVariant(QRect(5, 6, 7, 8)));
-    QCOMPARE(changes.size(), 0);
-}
-
-void tst_XYLayout::moveToTheConstraintEmitsNothing()
-{
-    m_container->add(m_child.get(), QRect(5, 6, 7, 8));
-    m_container->validate();
-    QSignalSpy changes(m_layout, &XYLayout::constraintChanged);
-    m_layout->childMoved(m_child.get());
-    QCOMPARE(changes.size(), 0);
-    m_layout->setConstraint(m_child.get(), QRect(25, 26, 7, 8));
-    QCOMPARE(m_child->getBounds(), QRect(25, 26, 7, 8));
-    QCOMPARE(changes.size(), 0);
-}
-
-void tst_XYLayout::moveBelowTheMinimumIsRaised()
-{
-    m_child->minimum = QSize(10, 10);
-    m_container->add(m_child.get(), QRect(5, 6, 17, 18));
-    m_container->validate();
-    QSignalSpy changes(m_layout, &XYLayout::constraintChanged);
-    m_child->setBounds(QRect(50, 60, 3, 4));
-    QCOMPARE(m_layout->getConstraint(m_child.get()), QVariant(QRect(50, 60, 10, 10)));
-    QCOMPARE(m_child->getBounds(), QRect(50, 60, 10, 10));
-    QCOMPARE(changes.size(), 1);
-}
-
-void tst_XYLayout::moveOfRealRectangleStoresIntegers()
-{
-    m_container->add(m_child.get(), QRectF(5.25, 6, 7, 8));
-    m_container->validate();
-    QSignalSpy changes(m_layout, &XYLayout::constraintChanged);
-    m_child->setBounds(QRect(15, 16, 17, 18));
-    QCOMPARE(m_layout->getConstraint(m_child.get()), QVariant(QRect(15, 16, 17, 18)));
-    QCOMPARE(changes.size(), 1);
-}
-
-void tst_XYLayout::moveKeepsAskingForThePreferredSize_data()
-{
-    QTest::addColumn<QVariant>("constraint");
-    QTest::addColumn<QSize>("preferredBefore");
-    QTest::addColumn<QRect>("expected");
-
-    QTest::newRow("width") << QVariant(QRect(0, 0, -1, 5)) << QSize(-1, 9) << QRect(7, 8, 40, 6);
-    QTest::newRow("height") << QVariant(QRect(0, 0, 5, -1)) << QSize(9, -1) << QRect(7, 8, 6, 20);
-    QTest::newRow("both") << QVariant(QRect(0, 0, -1, -1)) << QSize(-1, -1) << QRect(7, 8, 40, 20);
-    QTest::newRow("real width") << QVariant(QRectF(0, 0, -1, 5)) << QSize(-1, 9) << QRect(7, 8, 40, 6);
-    QTest::newRow("real height") << QVariant(QRectF(0, 0, 5, -1)) << QSize(9, -1) << QRect(7, 8, 6, 20);
-}
-
-void tst_XYLayout::moveKeepsAskingForThePreferredSize()
-{
-    QFETCH(QVariant, constraint);
-    QFETCH(QSize, preferredBefore);
-    QFETCH(QRect, expected);
-    m_child->preferred = preferredBefore;
-    expectDebug("Figure::resolveBounds(): resolved bounds still invalid");
-    m_container->add(m_child.get(), constraint);
-    m_layout->setLaidOut(true);
-    m_child->preferred = QSize(40, 20);
-    m_child->setBounds(QRect(7, 8, 6, 6));
-    QCOMPARE(m_layout->getConstraint(m_child.get()), QVariant(expected));
-    QCOMPARE(m_child->getBounds(), expected);
-}
-
-void tst_XYLayout::moveOfLocatedChildIsUndone()
-{
-    ProbeLocator locator(QRect(7, 8, 9, 10), this);
-    m_container->add(m_child.get(), QVariant::fromValue(&locator));
-    m_container->validate();
-    QSignalSpy changes(m_layout, &XYLayout::constraintChanged);
-    locator.calls = 0;
-    m_layout->childMoved(m_child.get());
-    QCOMPARE(locator.calls, 1);
-    QCOMPARE(locator.lastTarget.data(), m_child.get());
-    QCOMPARE(changes.size(), 1);
-    QCOMPARE(changes.at(0).at(0).value<Figure *>(), m_child.get());
-    m_child->setBounds(QRect(90, 90, 9, 9));
-    QCOMPARE(m_child->getBounds(), QRect(7, 8, 9, 10));
-}
-
-void tst_XYLayout::moveOfChildWithoutConstraintIsIgnored()
-{
-    m_container->add(m_child.get());
-    m_container->validate();
-    QSignalSpy changes(m_layout, &XYLayout::constraintChanged);
-    m_child->setBounds(QRect(15, 16, 17, 18));
-    QCOMPARE(m_layout->getConstraint(m_child.get()), QVariant());
-    QCOMPARE(changes.size(), 0);
-}
-
-void tst_XYLayout::moveOfChildWithOtherConstraintIsIgnored()
-{
-    QObject plain;
-    plain.setParent(this);
-    HintedFigure second;
-    m_container->add(m_child.get(), QStringLiteral("west"));
-    m_container->add(&second, QVariant::fromValue(&plain));
-    m_container->validate();
-    QSignalSpy changes(m_layout, &XYLayout::constraintChanged);
-    m_child->setBounds(QRect(15, 16, 17, 18));
-    second.setBounds(QRect(15, 16, 17, 18));
-    QCOMPARE(m_layout->getConstraint(m_child.get()), QVariant(QStringLiteral("west")));
-    QCOMPARE(changes.size(), 0);
-    plain.setParent(nullptr);
-}
-
-void tst_XYLayout::moveIsIgnoredForNull()
-{
-    m_container->validate();
-    QSignalSpy changes(m_layout, &XYLayout::constraintChanged);
-    m_layout->childMoved(nullptr);
-    QCOMPARE(changes.size(), 0);
-}
-
-void tst_XYLayout::moveGoesThroughSetConstraint()
-{
-    Figure container;
-    CountingXYLayout layout;
-    container.setLayoutManager(&layout);
-    container.add(m_child.get(), QRect(5, 6, 7, 8));
-    layout.setLaidOut(true);
-    layout.constraintCalls = 0;
-    m_child->setBounds(QRect(15, 16, 17, 18));
-    QCOMPARE(layout.constraintCalls, 1);
-}
-
-void tst_XYLayout::restlessLocatorComesToAnEnd()
-{
-    ProbeLocator locator(QRect(0, 0, 9, 10), this);
-    m_container->add(m_child.get(), QVariant::fromValue(&locator));
-    m_container->validate();
-    locator.step = QPoint(1, 0);
-    locator.calls = 0;
-    m_child->setBounds(QRect(900, 90, 9, 9));
-    QCOMPARE(locator.calls, 64);
-    locator.step = QPoint();
-    locator.calls = 0;
-    m_layout->childMoved(m_child.get());
-    QVERIFY2(locator.calls > 0, "moves are still followed after the end of a restless one");
-}
-
-void tst_XYLayout::childDeletedByItsMoveIsNotAnnounced()
-{
-    Figure container;
-    InterruptedXYLayout layout;
-    container.setLayoutManager(&layout);
-    container.add(m_child.get(), QRect(5, 6, 17, 18));
-    layout.setLaidOut(true);
-    QSignalSpy changes(&layout, &XYLayout::constraintChanged);
-    layout.interruption = [this] { m_child.reset(); };
-    m_child->setBounds(QRect(50, 60, 3, 4));
-    QCOMPARE(changes.size(), 0);
-    QCOMPARE(container.childFigureCount(), 0);
-}
-
-void tst_XYLayout::layoutDeletedByAMoveAnnouncesNothing()
-{
-    Figure container;
-    auto layout = std::make_unique<InterruptedXYLayout>();
-    container.setLayoutManager(layout.get());
-    container.add(m_child.get(), QRect(5, 6, 17, 18));
-    layout->setLaidOut(true);
-    int announcements = 0;
-    connect(layout.get(), &XYLayout::constraintChanged, this, [&] { ++announcements; });
-    layout->interruption = [&] { layout.reset(); };
-    m_child->setBounds(QRect(50, 60, 3, 4));
-    QCOMPARE(container.getLayoutManager(), nullptr);
-    QCOMPARE(announcements, 0);
-}
-
-void tst_XYLayout::childIsWatchedOnceByEitherAdd()
-{
-    HintedFigure second;
-    QVERIFY(m_layout->add(m_child.get(), QVariant(), -1));
-    QVERIFY(m_layout->add(&second, 1U, 2U, -1));
-    QCOMPARE(m_child->moveReceivers(), 1);
-    QCOMPARE(second.moveReceivers(), 1);
-}
-
-void tst_XYLayout::refusedDuplicateIsNotWatchedTwice()
-{
-    m_layout->add(m_child.get(), QVariant(), -1);
-    QVERIFY(!m_layout->add(m_child.get(), QVariant(), -1));
-    QVERIFY(!m_layout->add(m_child.get(), 1U, 2U, -1));
-    QCOMPARE(m_child->moveReceivers(), 1);
-}
-
 void tst_XYLayout::stretchAddTakesTheBoundsAsConstraint()
 {
     m_child->setBounds(QRect(5, 6, 7, 8));
@@ -670,36 +374,10 @@ void tst_XYLayout::stretchAddTakesTheBoundsAsConstraint()
     QCOMPARE(m_layout->getConstraint(m_child.get()), QVariant(QRect(5, 6, 7, 8)));
 }
 
-void tst_XYLayout::removedChildIsNotWatched()
-{
-    m_container->add(m_child.get(), QRect(5, 6, 7, 8));
-    m_container->validate();
-    QVERIFY(m_container->remove(m_child.get()));
-    QCOMPARE(m_child->moveReceivers(), 0);
-}
-
-void tst_XYLayout::watchingCanBeEndedBySignature()
-{
-    m_container->add(m_child.get(), QRect(5, 6, 7, 8));
-    m_container->validate();
-    QVERIFY(disconnect(m_child.get(), "2figureMoved(Figure *)", m_layout, "1childMoved(Figure *)"));
-    QVERIFY(!disconnect(m_child.get(), "2figureMoved(Figure *)", m_layout, "1childMoved(Figure *)"));
-    m_child->setBounds(QRect(15, 16, 17, 18));
-    QCOMPARE(m_layout->getConstraint(m_child.get()), QVariant(QRect(5, 6, 7, 8)));
-}
-
 void tst_XYLayout::removeOfNullOrUnknownFails()
 {
     QVERIFY(!m_layout->remove(nullptr));
     QVERIFY(!m_layout->remove(m_child.get()));
-}
-
-void tst_XYLayout::childTakenAwayWhileAddedIsNotWatched()
-{
-    connect(m_child.get(), &Figure::figureMoved, this, [this] { m_layout->remove(m_child.get()); });
-    m_container->add(m_child.get(), QRect(5, 6, 7, 8));
-    QCOMPARE(m_container->childFigureCount(), 0);
-    QCOMPARE(m_child->moveReceivers(), 1);
 }
 
 void tst_XYLayout::layoutIsRelativeAndClips()
