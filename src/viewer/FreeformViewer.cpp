@@ -435,7 +435,8 @@ bool FreeformViewer::eventFilter(QObject *object, QEvent *event)
 {
     if (!event)
         return false;
-    if (object == d->widget() && event->type() == QEvent::Resize && d->widget()->isResizing())
+    // The type comes first: a dying widget sends events too, when it is no FreeformWidget any more.
+    if (event->type() == QEvent::Resize && object == d->widget() && d->widget()->isResizing())
         return false;
     return QScrollArea::eventFilter(object, event);
 }
