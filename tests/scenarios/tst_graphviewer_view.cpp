@@ -311,7 +311,8 @@ void tst_GraphViewerView::touchPadPinchZoomsAtThePointer()
 void tst_GraphViewerView::fingersPinchZoom()
 {
     const double scale = view().getScale();
-    QPointingDevice *screenDevice = QTest::createTouchDevice();
+    const std::unique_ptr<QPointingDevice> touchDevice(QTest::createTouchDevice());
+    QPointingDevice *screenDevice = touchDevice.get();
     QWidget *target = view().viewport();
     QTest::touchEvent(target, screenDevice).press(0, QPoint(280, 200)).press(1, QPoint(320, 200));
     QTest::touchEvent(target, screenDevice).move(0, QPoint(240, 200)).move(1, QPoint(360, 200));
