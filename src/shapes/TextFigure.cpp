@@ -126,7 +126,7 @@ void TextFigure::drawFigure(QPainter *painter, const QStyleOptionViewItem &optio
     painter->setFont(m_font);
     QRect area = option.rect;
     area.setLeft(boundedSum(area.left(), m_indent));
-    painter->drawText(area, m_alignment.toInt(), m_text);
+    painter->drawText(area, static_cast<int>(m_alignment.toInt()), m_text);
     painter->restore();
 }
 
