@@ -201,9 +201,11 @@ void tst_FigureBounds::unresolvableBoundsAreStoredAllTheSame()
 void tst_FigureBounds::moveWrapsAroundAtTheEnds()
 {
     Figure figure;
-    figure.setBounds(QRect(INT_MIN, INT_MIN, 1, 1));
-    figure.setBounds(QRect(INT_MAX, INT_MAX, 1, 1));
-    QCOMPARE(figure.getBounds(), QRect(INT_MAX, INT_MAX, 1, 1));
+    const QPoint lowest(INT_MIN, INT_MIN);
+    const QPoint highest(INT_MAX, INT_MAX);
+    figure.setBounds(QRect(lowest, lowest));
+    figure.setBounds(QRect(highest, highest));
+    QCOMPARE(figure.getBounds(), QRect(highest, highest));
 }
 
 void tst_FigureBounds::figureDeletedByItsMoveSignal()
