@@ -1,0 +1,150 @@
+// The operations that both connection classes have in common, word for word. A source file that includes this one has
+// named before, in namespace Vantrel::Pictel: Connection, the class; Line, its base; toLinePoints(), which converts
+// points to those of the line; and routeLine(), which has a router compute them.
+//
+// No base class template serves instead, since moc takes no templates and each class lists its virtual operations.
+
+namespace Vantrel::Pictel {
+
+// The area includes the decorations, which the base classes do not know.
+Connection::~Connection()
+{
+    erase();
+    m_state->unhook();
+    m_state->router()->remove(this);
+}
+
+void Connection::setSourceDecoration(IRotatableDecoration *decoration)
+{
+    m_state->setDecoration(ConnectionState::Source, decoration);
+}
+
+void Connection::setTargetDecoration(IRotatableDecoration *decoration)
+{
+    m_state->setDecoration(ConnectionState::Target, decoration);
+}
+
+IRotatableDecoration *Connection::getSourceDecoration() const
+{
+    return m_state->decoration(ConnectionState::Source);
+}
+
+IRotatableDecoration *Connection::getTargetDecoration() const
+{
+    return m_state->decoration(ConnectionState::Target);
+}
+
+IConnectionRouter *Connection::getConnectionRouter() const
+{
+    return m_state->router();
+}
+
+QList<QPoint> Connection::getPoints() const
+{
+    return integerPoints(getLinePoints());
+}
+
+QPoint Connection::getPoint(int index) const
+{
+    return Line::getPoint(index);
+}
+
+int Connection::getPointCount() const
+{
+    return Line::getPointCount();
+}
+
+QList<QPointF> Connection::getPointsF() const
+{
+    return realPoints(getLinePoints());
+}
+
+QVariant Connection::getRoutingConstraint() const
+{
+    return m_state->router()->getConstraint(static_cast<Connection *>(mutableSelf()));
+}
+
+IConnectionAnchor *Connection::getSourceAnchor() const
+{
+    return m_state->anchor(ConnectionState::Source);
+}
+
+IConnectionAnchor *Connection::getTargetAnchor() const
+{
+    return m_state->anchor(ConnectionState::Target);
+}
+
+void Connection::setConnectionRouter(IConnectionRouter *router)
+{
+    m_state->setRouter(router);
+}
+
+void Connection::setPoints(const QList<QPoint> &points)
+{
+    setLinePoints(toLinePoints(points));
+}
+
+void Connection::setPointsF(const QList<QPointF> &points)
+{
+    setLinePoints(toLinePoints(points));
+}
+
+void Connection::setRoutingConstraint(const QVariant &constraint)
+{
+    m_state->router()->setConstraint(this, constraint);
+    revalidate();
+}
+
+void Connection::setSourceAnchor(IConnectionAnchor *anchor)
+{
+    m_state->setAnchor(ConnectionState::Source, anchor);
+}
+
+void Connection::setTargetAnchor(IConnectionAnchor *anchor)
+{
+    m_state->setAnchor(ConnectionState::Target, anchor);
+}
+
+QRect Connection::getBounds()
+{
+    return m_state->bounds;
+}
+
+void Connection::addNotify()
+{
+    Shape::addNotify();
+    m_state->hook();
+}
+
+void Connection::removeNotify()
+{
+    m_state->unhook();
+    m_state->router()->remove(this);
+    Shape::removeNotify();
+}
+
+void Connection::anchorMoved(IConnectionAnchor *)
+{
+    revalidate();
+}
+
+void Connection::revalidate()
+{
+    m_state->markDirty();
+    Figure::revalidate();
+    m_state->router()->invalidate(this);
+}
+
+// Whoever hears of the new path may delete the connection.
+void Connection::layout()
+{
+    if (m_state->hasBothAnchors())
+        routeLine(m_state->router(), this);
+    const QPointer<Figure> self(this);
+    Figure::layout();
+    Q_EMIT pathChanged(QRectF());
+    if (self)
+        m_state->updateBounds(Line::getBounds());
+}
+
+} // namespace Vantrel::Pictel
