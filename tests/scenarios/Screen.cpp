@@ -45,11 +45,14 @@ void Screen::deliverPaintEvents()
     QCoreApplication::sendEvent(m_widget.window(), &request);
 }
 
+void Screen::askForPaint()
+{
+    m_widget.update(QRect(visibleRegion().boundingRect().topLeft(), QSize(1, 1)));
+}
+
 void Screen::settle()
 {
     constexpr int enough = 100;
-    // Figures that wait for validation do not ask for a paint event; they get one.
-    m_widget.update(QRect(visibleRegion().boundingRect().topLeft(), QSize(1, 1)));
     for (int round = 0; round < enough; ++round) {
         deliverPaintEvents();
         if (m_pending.isEmpty())

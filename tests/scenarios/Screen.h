@@ -18,6 +18,8 @@ class Screen : public QObject
 public:
     explicit Screen(Vantrel::Pictel::FreeformViewer &viewer);
 
+    /// Asks for a paint event, as small as can be. Validation waits for one, also when all dirty areas lie off screen.
+    void askForPaint();
     /// Delivers all pending events and repaints until nothing is left to repaint.
     void settle();
     /// The visible part of what has been painted bit by bit.

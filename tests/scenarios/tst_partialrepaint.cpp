@@ -299,6 +299,7 @@ void tst_PartialRepaint::screenShowsWhatAFullRepaintShows()
     QString history;
     for (int step = 0; step < 60; ++step) {
         history += QLatin1Char(' ') + editor.edit();
+        editor.screen().askForPaint();
         editor.screen().settle();
         const QString found = difference(editor.screen().accumulated(), editor.screen().repainted());
         QVERIFY2(found.isEmpty(),
