@@ -4,8 +4,8 @@
 #include <vtlpictel/connections/IConnectionAnchor.h>
 #include <vtlpictel/connections/RelativeBendpoint.h>
 
-#include "ConnectionWatch_p.h"
-#include "support/PointLists.h"
+#include "connections/ConnectionWatch_p.h"
+#include "connections/PointConversion_p.h"
 
 namespace Vantrel::Pictel {
 
@@ -72,7 +72,7 @@ QList<QPoint> BendpointConnectionRouter::doRoute(IConnection *connection)
 
 QList<QPointF> BendpointConnectionRouter::doRouteF(IConnection *connection)
 {
-    return toPointsF(doRoute(connection));
+    return realPoints(doRoute(connection));
 }
 
 void BendpointConnectionRouter::setConstraint(IConnection *connection, const QVariant &constraint)

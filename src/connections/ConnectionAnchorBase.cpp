@@ -1,5 +1,7 @@
 #include <vtlpictel/connections/ConnectionAnchorBase.h>
 
+#include "support/ListenerConnections.h"
+
 #include <vtlpictel/connections/IAnchorListener.h>
 
 #include <QMessageLogger>
@@ -8,6 +10,7 @@ namespace Vantrel::Pictel {
 
 ConnectionAnchorBase::ConnectionAnchorBase(QObject *parent)
     : QObject(parent)
+    , m_listeners(std::make_unique<ListenerConnections>())
 { }
 
 ConnectionAnchorBase::~ConnectionAnchorBase() = default;
@@ -19,7 +22,9 @@ void ConnectionAnchorBase::addAnchorListener(IAnchorListener *listener)
         QMessageLogger().warning("ConnectionAnchorBase::addAnchorListener(): listener not a QObject");
         return;
     }
-    connect(this, SIGNAL(anchorMoved(IConnectionAnchor *)), object, SLOT(anchorMoved(IConnectionAnchor *)));
+    m_listeners->add(
+        object,
+        connect(this, SIGNAL(anchorMoved(IConnectionAnchor *)), object, SLOT(anchorMoved(IConnectionAnchor *))));
 }
 
 void ConnectionAnchorBase::removeAnchorListener(IAnchorListener *listener)
@@ -29,7 +34,7 @@ void ConnectionAnchorBase::removeAnchorListener(IAnchorListener *listener)
         QMessageLogger().warning("ConnectionAnchorBase::removeAnchorListener(): listener not a QObject");
         return;
     }
-    disconnect(this, SIGNAL(anchorMoved(IConnectionAnchor *)), object, SLOT(anchorMoved(IConnectionAnchor *)));
+    m_listeners->disconnect(object);
 }
 
 } // namespace Vantrel::Pictel

@@ -4,9 +4,9 @@
 #include <vtlpictel/figure/Figure.h>
 #include <vtlpictel/figure/IConnection.h>
 
-#include "ConnectionWatch_p.h"
-#include "SegmentPlan_p.h"
-#include "support/PointLists.h"
+#include "connections/ConnectionWatch_p.h"
+#include "connections/PointConversion_p.h"
+#include "connections/SegmentPlan_p.h"
 #include "support/WrappingArithmetic.h"
 
 #include <algorithm>
@@ -157,7 +157,7 @@ QList<QPoint> ManhattanConnectionRouter::doRoute(IConnection *connection)
 
 QList<QPointF> ManhattanConnectionRouter::doRouteF(IConnection *connection)
 {
-    return toPointsF(doRoute(connection));
+    return realPoints(doRoute(connection));
 }
 
 void ManhattanConnectionRouter::reserveRow(IConnection *connection, int row)

@@ -2,7 +2,7 @@
 
 #include <vtlpictel/figure/IConnection.h>
 
-#include "support/PointLists.h"
+#include "connections/PointConversion_p.h"
 
 namespace Vantrel::Pictel {
 
@@ -32,7 +32,7 @@ QList<QPoint> NullRouter::doRoute(IConnection *connection)
 
 QList<QPointF> NullRouter::doRouteF(IConnection *connection)
 {
-    return toPointsF(doRoute(connection));
+    return realPoints(doRoute(connection));
 }
 
 } // namespace Vantrel::Pictel

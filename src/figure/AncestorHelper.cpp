@@ -4,6 +4,8 @@
 
 #include <QVariant>
 
+#include <algorithm>
+
 namespace Vantrel::Pictel {
 
 AncestorHelper::AncestorHelper(Figure *figure, QObject *parent)
@@ -31,9 +33,10 @@ void AncestorHelper::addAncestors(Figure *figure)
 
 void AncestorHelper::removeAncestors(Figure *figure)
 {
-    const qsizetype first = figure ? m_observed.indexOf(figure) : -1;
-    if (first >= 0)
-        releaseFrom(first);
+    if (!figure)
+        return;
+    const auto isFigure = [figure](const Observed &observed) { return observed.figure == figure; };
+    releaseFrom(std::find_if(m_observed.cbegin(), m_observed.cend(), isFigure) - m_observed.cbegin());
 }
 
 void AncestorHelper::propertyChanged(const QString &propertyName, const QVariant &oldValue, const QVariant &newValue)
@@ -66,8 +69,8 @@ void AncestorHelper::catchUp()
 bool AncestorHelper::isChainObserved() const
 {
     const Figure *expected = m_figure;
-    for (const QPointer<Figure> &observed : m_observed) {
-        if (observed != expected)
+    for (const Observed &observed : m_observed) {
+        if (observed.figure != expected)
             return false;
         expected = expected ? expected->getParentFigure() : nullptr;
     }
@@ -96,26 +99,25 @@ void AncestorHelper::cleanup()
 
 void AncestorHelper::observe(Figure *figure)
 {
-    m_observed.append(figure);
-    connect(figure, SIGNAL(figureMoved(Figure *)), this, SLOT(figureMoved(Figure *)));
-    connect(figure, SIGNAL(destroyed(QObject *)), this, SLOT(ancestorDestroyed(QObject *)));
+    m_observed.append({figure, connect(figure, SIGNAL(figureMoved(Figure *)), this, SLOT(figureMoved(Figure *))),
+                       connect(figure, SIGNAL(destroyed(QObject *)), this, SLOT(ancestorDestroyed(QObject *)))});
     figure->addPropertyChangeListener(this);
 }
 
-void AncestorHelper::release(Figure *figure)
+// By its handles, since a figure that carries a whole diagram has as many connections as there are helpers below it.
+// A figure that is being destroyed is a null pointer by now and drops its connections itself.
+void AncestorHelper::release(const Observed &observed)
 {
-    disconnect(figure, SIGNAL(figureMoved(Figure *)), this, SLOT(figureMoved(Figure *)));
-    disconnect(figure, SIGNAL(destroyed(QObject *)), this, SLOT(ancestorDestroyed(QObject *)));
-    figure->removePropertyChangeListener(this);
+    disconnect(observed.moves);
+    disconnect(observed.destruction);
+    if (observed.figure)
+        observed.figure->removePropertyChangeListener(this);
 }
 
-// A figure that is being destroyed is a null pointer by now and drops its connections itself.
 void AncestorHelper::releaseFrom(qsizetype first)
 {
-    while (m_observed.size() > first) {
-        if (Figure *figure = m_observed.takeLast())
-            release(figure);
-    }
+    while (m_observed.size() > first)
+        release(m_observed.takeLast());
 }
 
 } // namespace Vantrel::Pictel

@@ -1,5 +1,6 @@
 #include <vtlpictel/figure/Figure.h>
 
+#include "figure/FigureListeners_p.h"
 #include "support/LifeGuard.h"
 #include "support/Rounding.h"
 #include "support/WrappingArithmetic.h"

@@ -2,6 +2,7 @@
 
 #include <vtlpictel/figure/Figure.h>
 
+#include "figure/FigureListeners_p.h"
 #include "support/LifeGuard.h"
 
 #include <vtlpictel/figure/AncestorHelper.h>
@@ -208,33 +209,40 @@ void Figure::addAncestorListener(IAncestorListener *listener)
         return;
     if (!m_ancestorHelper)
         m_ancestorHelper = new AncestorHelper(this, this);
+    FigureListeners &own = listeners();
     for (const AncestorSignal &pair : ancestorSignals)
-        connect(this, pair.signal, receiver, pair.slot);
-    ++m_ancestorListenerCount;
+        own.ancestors.add(receiver, connect(this, pair.signal, receiver, pair.slot));
+    ++own.ancestorCount;
 }
 
 void Figure::removeAncestorListener(IAncestorListener *listener)
 {
-    QObject *receiver = asObject(listener);
-    if (!receiver || m_ancestorListenerCount == 0)
+    const QObject *receiver = asObject(listener);
+    if (!receiver || listeners().ancestorCount == 0)
         return;
-    bool wasListening = false;
-    for (const AncestorSignal &pair : ancestorSignals)
-        wasListening = disconnect(this, pair.signal, receiver, pair.slot) || wasListening;
-    if (wasListening && --m_ancestorListenerCount == 0)
+    if (listeners().ancestors.disconnect(receiver) && --listeners().ancestorCount == 0)
         delete m_ancestorHelper.data();
 }
 
 void Figure::addPropertyChangeListener(IPropertyChangeListener *listener)
 {
-    if (QObject *receiver = asObject(listener))
-        connect(this, propertyChangedSignal, receiver, propertyChangedSlot);
+    const QObject *receiver = asObject(listener);
+    if (!receiver)
+        return;
+    listeners().propertyChanges.add(receiver, connect(this, propertyChangedSignal, receiver, propertyChangedSlot));
 }
 
 void Figure::removePropertyChangeListener(IPropertyChangeListener *listener)
 {
-    if (QObject *receiver = asObject(listener))
-        disconnect(this, propertyChangedSignal, receiver, propertyChangedSlot);
+    if (const QObject *receiver = asObject(listener))
+        listeners().propertyChanges.disconnect(receiver);
+}
+
+FigureListeners &Figure::listeners()
+{
+    if (!m_listeners)
+        m_listeners = std::make_unique<FigureListeners>();
+    return *m_listeners;
 }
 
 } // namespace Vantrel::Pictel

@@ -4,7 +4,11 @@
 
 #include <QObject>
 
+#include <memory>
+
 namespace Vantrel::Pictel {
+
+class ListenerConnections;
 
 /// The listener side of every anchor: whoever is registered hears anchorMoved().
 ///
@@ -29,6 +33,9 @@ public:
 Q_SIGNALS:
     /// The place of \a anchor may have changed.
     void anchorMoved(IConnectionAnchor *anchor);
+
+private:
+    std::unique_ptr<ListenerConnections> m_listeners;
 };
 
 } // namespace Vantrel::Pictel

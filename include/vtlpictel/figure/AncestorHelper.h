@@ -54,12 +54,19 @@ private:
     void catchUp();
     bool isChainObserved() const;
     void observe(Figure *figure);
-    void release(Figure *figure);
     void releaseFrom(qsizetype first);
 
     QPointer<Figure> m_figure;
     // From the figure upwards. A chain with a dying figure in it cannot be walked, so it is remembered.
-    QList<QPointer<Figure>> m_observed;
+    struct Observed
+    {
+        QPointer<Figure> figure;
+        QMetaObject::Connection moves;
+        QMetaObject::Connection destruction;
+    };
+    void release(const Observed &observed);
+
+    QList<Observed> m_observed;
 };
 
 } // namespace Vantrel::Pictel

@@ -8,9 +8,12 @@
 #include <QVarLengthArray>
 #include <QVariant>
 
+#include <memory>
+
 namespace Vantrel::Pictel {
 
 class AncestorHelper;
+struct FigureListeners;
 class PassOption;
 
 /// The base of every visual element: a rectangle in a tree of figures, painted and hit-tested top-down.
@@ -288,6 +291,7 @@ private:
     Value &shiftToAbsolute(Value &value);
     template <typename Value>
     Value &shiftToRelative(Value &value);
+    FigureListeners &listeners();
     void forEachChild(void (*visit)(Figure *child));
     void paintOwn(QPainter *painter, const QStyleOptionViewItem &option) const;
     void paintClientArea(QPainter *painter, PassOption &pass, const QRect &clientArea, const QRect &area);
@@ -307,7 +311,7 @@ private:
     Qt::Orientations m_expandingDirections;
     QPointer<UpdateManager> m_updateManager;
     QPointer<AncestorHelper> m_ancestorHelper;
-    int m_ancestorListenerCount = 0;
+    std::unique_ptr<FigureListeners> m_listeners;
     bool m_clientAreaHighlighted = false;
     int m_highlightStyle = 1;
     // The layouts that list this figure as a child: one, unless it was added to several parents.
