@@ -88,12 +88,14 @@ void tst_FreeformViewer::metaObjectHasSignalsAndSlots_data()
     QTest::addColumn<QByteArray>("signature");
     QTest::addColumn<int>("type");
     QTest::addColumn<int>("access");
-    const auto row = [](const char *signature, QMetaMethod::MethodType type, QMetaMethod::Access access) {
-        QTest::newRow(signature) << QByteArray(signature) << int(type) << int(access);
+    QTest::addColumn<QList<QByteArray>>("names");
+    const auto row = [](const char *signature, QMetaMethod::MethodType type, QMetaMethod::Access access,
+                        const QList<QByteArray> &names = {}) {
+        QTest::newRow(signature) << QByteArray(signature) << int(type) << int(access) << names;
     };
-    row("scaleChanged(double)", QMetaMethod::Signal, QMetaMethod::Public);
-    row("setScale(double,const QPoint*)", QMetaMethod::Slot, QMetaMethod::Public);
-    row("setScale(double)", QMetaMethod::Slot, QMetaMethod::Public);
+    row("scaleChanged(double)", QMetaMethod::Signal, QMetaMethod::Public, {"newScale"});
+    row("setScale(double,const QPoint*)", QMetaMethod::Slot, QMetaMethod::Public, {"scale", "pTopLeft"});
+    row("setScale(double)", QMetaMethod::Slot, QMetaMethod::Public, {"scale"});
     row("scaleToFit()", QMetaMethod::Slot, QMetaMethod::Public);
     row("scaleToNormal()", QMetaMethod::Slot, QMetaMethod::Public);
     row("setScaleBounds(double,double)", QMetaMethod::Slot, QMetaMethod::Public);
@@ -109,6 +111,9 @@ void tst_FreeformViewer::metaObjectHasSignalsAndSlots()
     QVERIFY(index >= meta.methodOffset());
     QTEST(int(meta.method(index).methodType()), "type");
     QTEST(int(meta.method(index).access()), "access");
+    QFETCH(QList<QByteArray>, names);
+    if (!names.isEmpty())
+        QCOMPARE(meta.method(index).parameterNames(), names);
 }
 
 void tst_FreeformViewer::contentIsForwarded()

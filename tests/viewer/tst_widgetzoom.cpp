@@ -15,6 +15,7 @@ class tst_WidgetZoom : public PictelTest
 
 private Q_SLOTS:
     void zoomKeepsTheCentre();
+    void zoomOfAScrolledViewKeepsItsCentre();
     void zoomToATopLeft();
     void topLeftCountsAtTheSameScale();
     void sameScaleWithoutTopLeftDoesNothing();
@@ -57,6 +58,18 @@ void tst_WidgetZoom::zoomKeepsTheCentre()
     QCOMPARE(drawing.widget.size(), QSize(698, 548));
     QCOMPARE(drawing.scrolled(), QPoint(298, 248));
     QCOMPARE(drawing.widget.pos(), QPoint(-298, -248));
+}
+
+void tst_WidgetZoom::zoomOfAScrolledViewKeepsItsCentre()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(130, 240)));
+    QCOMPARE(drawing.viewer.getViewRect(), QRect(130, 240, 400, 300));
+    // Around (329, 389), again rounded away from zero.
+    drawing.widget.setScale(2.0);
+    QCOMPARE(drawing.viewer.getViewRect(), QRect(229, 314, 200, 150));
+    drawing.widget.setScaleAt(1.0, QPoint(239, 344));
+    QCOMPARE(drawing.viewer.getViewRect(), QRect(219, 284, 400, 300));
 }
 
 void tst_WidgetZoom::zoomToATopLeft()
