@@ -33,6 +33,10 @@ private:
     QCommandLineOption m_export {QStringLiteral("export"),
                                  translated("Write the graph to <out>, a .png or .pdf file, without opening a window."),
                                  QStringLiteral("out")};
+    QCommandLineOption m_router {QStringLiteral("router"),
+                                 translated("Lay the edges by <router>: straight, bendpoint (the default, as Graphviz "
+                                            "drew them) or manhattan."),
+                                 QStringLiteral("router"), routerName(RouterKind::Bendpoint)};
     QCommandLineOption m_timeout {QStringLiteral("timeout"),
                                   translated("Give up an export after <seconds>; 0 (the default) waits for ever."),
                                   QStringLiteral("seconds"), QStringLiteral("0")};
@@ -45,6 +49,7 @@ Parser::Parser()
     m_parser.setApplicationDescription(
         translated("Shows a graph in the Graphviz language. Needs the program \"dot\"."));
     m_parser.addOption(m_export);
+    m_parser.addOption(m_router);
     m_parser.addOption(m_timeout);
     m_parser.addPositionalArgument(QStringLiteral("file"), translated("The graph to show (.dot, .gv)."),
                                    QStringLiteral("[file]"));
@@ -59,6 +64,8 @@ QString Parser::usageError() const
     bool validTimeout = false;
     if (m_parser.value(m_timeout).toInt(&validTimeout) < 0 || !validTimeout)
         return translated("The timeout must be a number of seconds.");
+    if (!routerOfName(m_parser.value(m_router)))
+        return translated("The router must be straight, bendpoint or manhattan.");
     if (!m_parser.isSet(m_export))
         return {};
     if (files.isEmpty())
@@ -89,6 +96,7 @@ CommandLine Parser::request() const
     request.action = m_parser.isSet(m_export) ? CommandLine::Action::Export : CommandLine::Action::ShowWindow;
     request.file = m_parser.positionalArguments().value(0);
     request.exportFile = m_parser.value(m_export);
+    request.router = routerOfName(m_parser.value(m_router)).value_or(request.router);
     request.timeout = m_parser.value(m_timeout).toInt();
     return request;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "EdgeRouters.h"
+
 #include <QStringList>
 
 namespace GraphViewer {
@@ -15,6 +17,7 @@ struct CommandLine
     Action action = Action::ShowWindow;
     QString file; ///< The graph; empty for an empty window.
     QString exportFile;
+    RouterKind router = RouterKind::Bendpoint;
     int timeout = 0; ///< Seconds an export may take; 0 is no limit.
     QString text; ///< What PrintText prints to standard output and Refuse to standard error.
 };

@@ -61,6 +61,16 @@ double overhang(const DrawItem &item)
 
 } // namespace
 
+OutlineStyle recolored(OutlineStyle style, const QColor &color)
+{
+    if (!color.isValid())
+        return style;
+    style.lineColor = color;
+    if (style.fill.style() != Qt::NoBrush)
+        style.fill = color;
+    return style;
+}
+
 QRectF itemRect(const DrawItem &item)
 {
     return std::visit(RectOf(), item);

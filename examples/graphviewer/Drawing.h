@@ -27,6 +27,9 @@ struct OutlineStyle
     QBrush fill; ///< Qt::NoBrush leaves the inside empty; gradients are in content coordinates.
 };
 
+/// \a style with all that is drawn in \a color; unchanged for an invalid colour.
+OutlineStyle recolored(OutlineStyle style, const QColor &color);
+
 /// One outline of a node, a cluster or an arrow head, or one line of an edge.
 struct Outline
 {

@@ -1,5 +1,7 @@
 #include "DrawingFigures.h"
 
+#include "Track.h"
+
 #include <vtlpictel/layout/Layout.h>
 #include <vtlpictel/shapes/Ellipse.h>
 #include <vtlpictel/shapes/PixmapFigure.h>
@@ -37,16 +39,6 @@ QRect boundsAround(const QRectF &outline, int lineWidth)
 bool isGradient(const QBrush &brush)
 {
     return brush.gradient() != nullptr;
-}
-
-// The points of a path, close enough to its curves to stay smooth at every zoom.
-QList<QPointF> sampled(const QPainterPath &path)
-{
-    constexpr double fineness = 4.0;
-    const auto polygons = path.toSubpathPolygons(QTransform::fromScale(fineness, fineness));
-    if (polygons.isEmpty())
-        return {};
-    return QTransform::fromScale(1 / fineness, 1 / fineness).map(polygons.first());
 }
 
 } // namespace

@@ -50,6 +50,8 @@ public:
 
     /// The bounds that put the outline where it was given.
     QRect outlineBounds() const { return m_outlineBounds; }
+    /// The outline as a polygon, in the coordinates of the bounds.
+    QPolygonF outlinePolygon() const { return getPainterPath().toFillPolygon(); }
 
 protected:
     void drawShape(QPainter *painter, const QStyleOptionViewItem &option) const override;

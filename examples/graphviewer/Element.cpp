@@ -1,7 +1,5 @@
 #include "Element.h"
 
-#include "DrawingFigures.h"
-
 #include <vtlpictel/layout/XYLayout.h>
 
 #include <algorithm>
@@ -10,13 +8,48 @@ namespace GraphViewer {
 
 using namespace Vantrel::Pictel;
 
-Element::Element(Kind kind, const QString &name, QObject *parent)
+namespace {
+
+bool isOutline(const Figure *figure)
+{
+    return dynamic_cast<const Shape *>(figure) && !dynamic_cast<const CurveFigure *>(figure);
+}
+
+qint64 areaOf(Figure *figure)
+{
+    const QSize size = figure->getBounds().size();
+    return qint64(size.width()) * size.height();
+}
+
+} // namespace
+
+DrawnFigure::DrawnFigure(QObject *parent)
     : Figure(parent, Qt::transparent)
-    , m_kind(kind)
-    , m_name(name)
 {
     setLayoutManager(new XYLayout(this));
 }
+
+void DrawnFigure::fill(const Drawing &drawing, Frames frames)
+{
+    addFigures(*this, drawing, frames);
+}
+
+bool DrawnFigure::contains(const QPoint &point) const
+{
+    if (!Figure::contains(point))
+        return false;
+    Figure *self = mutableSelf();
+    QPoint inside = point;
+    self->translateFromParent(inside);
+    const QList<Figure *> children = self->childFigures();
+    return std::any_of(children.begin(), children.end(), [&](const Figure *child) { return child->contains(inside); });
+}
+
+Element::Element(Kind kind, const QString &name, QObject *parent)
+    : DrawnFigure(parent)
+    , GraphPart(name)
+    , m_kind(kind)
+{ }
 
 void Element::setHighlighted(bool highlighted)
 {
@@ -28,30 +61,20 @@ void Element::place(const QRect &bounds)
     getParentFigure()->getLayoutManager()->setConstraint(this, bounds);
 }
 
-void Element::clear()
-{
-    for (Figure *child : childFigures()) {
-        remove(child);
-        delete child;
-    }
-}
-
 void Element::setDrawing(const Drawing &drawing)
 {
-    clear();
     place(drawingExtent(drawing).toAlignedRect());
-    addFigures(*this, drawing, m_kind == Kind::Cluster ? Frames::Rounded : Frames::AsDrawn);
+    setMiddle(getBounds().center());
+    fill(drawing, m_kind == Kind::Cluster ? Frames::Rounded : Frames::AsDrawn);
 }
 
-bool Element::contains(const QPoint &point) const
+Figure *Element::outline()
 {
-    if (!Figure::contains(point))
-        return false;
-    Figure *self = mutableSelf();
-    QPoint inside = point;
-    self->translateFromParent(inside);
-    const QList<Figure *> children = self->childFigures();
-    return std::any_of(children.begin(), children.end(), [&](const Figure *child) { return child->contains(inside); });
+    QList<Figure *> outlines = childFigures();
+    outlines.removeIf([](const Figure *child) { return !isOutline(child); });
+    const auto smaller = [](Figure *one, Figure *other) { return areaOf(one) < areaOf(other); };
+    const auto largest = std::max_element(outlines.begin(), outlines.end(), smaller);
+    return largest == outlines.end() ? this : *largest;
 }
 
 } // namespace GraphViewer

@@ -1,40 +1,49 @@
 #pragma once
 
-#include "Drawing.h"
+#include "DrawingFigures.h"
+#include "GraphPart.h"
 
 #include <vtlpictel/figure/Figure.h>
 
 namespace GraphViewer {
 
-/// A part of the graph that the user can point at: a node, an edge or a cluster, with the figures that draw it as
-/// children. Its QObject parent owns it.
-class Element : public Vantrel::Pictel::Figure
+/// A figure whose children show a drawing; their coordinates are relative to it.
+class DrawnFigure : public Vantrel::Pictel::Figure
 {
 public:
-    enum class Kind { Cluster, Edge, Node };
+    explicit DrawnFigure(QObject *parent);
 
-    Element(Kind kind, const QString &name, QObject *parent);
-
-    Kind kind() const { return m_kind; }
-    /// What the user knows it by, for instance "main (Start here)".
-    QString name() const { return m_name; }
-    /// Edges follow their ends instead of being moved.
-    bool isMovable() const { return m_kind != Kind::Edge; }
-    virtual void setHighlighted(bool highlighted);
-
-    /// Replaces what is drawn; \a drawing is in content coordinates. The element must be in a displayed tree.
-    void setDrawing(const Drawing &drawing);
-    /// Moves the element in its layer so that the layer remembers it.
-    void place(const QRect &bounds);
+    /// Fills the figure with \a drawing, which is in its parent's coordinates and must fit its bounds. Call it once,
+    /// when the figure is in a displayed tree.
+    void fill(const Drawing &drawing, Frames frames = Frames::AsDrawn);
 
     /// True on what is drawn, not in the empty corners around it.
     bool contains(const QPoint &point) const override;
+};
+
+/// A node or a cluster of the graph. Its QObject parent owns it.
+class Element : public DrawnFigure, public GraphPart
+{
+public:
+    enum class Kind { Cluster, Node };
+
+    Element(Kind kind, const QString &name, QObject *parent);
+
+    /// Places the element where \a drawing is, in content coordinates, and draws it; see fill().
+    void setDrawing(const Drawing &drawing);
+    /// Moves the element in its layer so that the layer remembers it.
+    void place(const QRect &bounds);
+    /// Where edges aim, in content coordinates; at first the middle of the bounds.
+    QPoint middle() { return getBounds().topLeft() + m_middle; }
+    void setMiddle(const QPoint &middle) { m_middle = middle - getBounds().topLeft(); }
+    /// What edges end at: the figure of the largest outline, or the element itself when it has none.
+    Vantrel::Pictel::Figure *outline();
+
+    void setHighlighted(bool highlighted) override;
 
 private:
-    void clear();
-
     Kind m_kind;
-    QString m_name;
+    QPoint m_middle; // from the top-left of the bounds
 };
 
 } // namespace GraphViewer

@@ -19,6 +19,7 @@ void printLine(FILE *stream, const QString &text)
 ExportJob::ExportJob(const CommandLine &request)
     : m_request(request)
 {
+    m_view.setRouter(request.router);
     connect(&m_loader, &GraphLoader::loaded, this, &ExportJob::write);
     connect(&m_loader, &GraphLoader::failed, this, &ExportJob::finish);
     if (request.timeout > 0)

@@ -11,7 +11,26 @@ namespace GraphViewer {
 struct Node
 {
     QString name;
+    QPointF middle; ///< What edges aim at.
     Drawing drawing;
+};
+
+/// The mark at an end of an edge.
+struct Arrow
+{
+    Drawing drawing; ///< With the tip at the origin and the body to the left of it; empty when there is no mark.
+    double length = 0.0; ///< How much of the edge's course it covers.
+};
+
+/// One of the lines that an edge is drawn with; most edges have one. Colour lists make several.
+struct Strand
+{
+    OutlineStyle style;
+    double offset = 0.0; ///< Sideways from the course, to the right of its direction.
+    double from = 0.0; ///< The part of the course, from 0 to 1.
+    double to = 1.0;
+    double headWidth = 0.0; ///< The width at the end of a tapered line, which starts with the style's.
+    bool tapered = false;
 };
 
 struct Edge
@@ -19,10 +38,16 @@ struct Edge
     QString name;
     int tail = -1; ///< Index into GraphDocument::nodes, or -1.
     int head = -1; ///< Likewise.
-    Drawing lines;
-    Drawing tailArrow;
-    Drawing headArrow;
-    Drawing labels;
+    int tailCluster = -1; ///< The cluster at whose border the edge starts instead, or -1.
+    int headCluster = -1;
+    bool tailPort = false; ///< Whether it starts at a chosen place of the node rather than towards its middle.
+    bool headPort = false;
+    QPainterPath course; ///< From the tip at the tail to that at the head; empty when it is not known.
+    bool angular = false; ///< Whether the course consists of straight lines.
+    std::vector<Strand> strands;
+    Arrow tailArrow;
+    Arrow headArrow;
+    std::vector<Drawing> labels;
 };
 
 struct Cluster

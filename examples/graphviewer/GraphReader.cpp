@@ -1,6 +1,7 @@
 #include "GraphReader.h"
 
 #include "DrawingReader.h"
+#include "EdgeReader.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -73,10 +74,13 @@ public:
 private:
     void readGraphItself();
     void readObjects();
+    void readEdges();
     void readCluster(const QJsonObject &object);
     void readNode(const QJsonObject &object);
+    std::optional<QPointF> middleOf(const QJsonObject &object) const;
     void readPicture(const QJsonObject &object, Drawing &drawing) const;
     void readEdge(const QJsonObject &object);
+    int clusterEnd(const QString &name, int node, int otherNode) const;
     void collectClusters();
     QList<int> clustersIn(int object) const;
     QList<int> nodeIndices(const QJsonArray &objects) const;
@@ -95,6 +99,7 @@ private:
     QJsonArray m_objects;
     QHash<int, int> m_nodeOfObject;
     QHash<int, int> m_clusterOfObject;
+    QHash<QString, int> m_clusterOfName;
     QStringList m_names;
 };
 
@@ -141,17 +146,26 @@ void GraphReader::readCluster(const QJsonObject &object)
     cluster.drawing = ownAndLabel(object);
     cluster.name = nameWithLabel(name, labelText(cluster.drawing));
     m_clusterOfObject.insert(object[QLatin1String("_gvid")].toInt(), static_cast<int>(m_document.clusters.size()));
+    m_clusterOfName.insert(name, static_cast<int>(m_document.clusters.size()));
     m_document.clusters.push_back(std::move(cluster));
+}
+
+std::optional<QPointF> GraphReader::middleOf(const QJsonObject &object) const
+{
+    const QStringList position = object[QLatin1String("pos")].toString().remove(u'!').split(u',');
+    if (position.size() < 2)
+        return std::nullopt;
+    return m_mapper.point(position[0].toDouble(), position[1].toDouble());
 }
 
 // Graphviz leaves pictures out of its JSON, so they are placed here: in their own size, or as large as fits the node.
 void GraphReader::readPicture(const QJsonObject &object, Drawing &drawing) const
 {
     const QString file = object[QLatin1String("image")].toString();
-    const QStringList center = object[QLatin1String("pos")].toString().remove(u'!').split(u',');
     const QString path = m_directory.absoluteFilePath(file);
     // Anything but a plain file could keep the reader waiting.
-    if (file.isEmpty() || center.size() < 2 || !QFileInfo(path).isFile())
+    const auto middle = middleOf(object);
+    if (file.isEmpty() || !middle || !QFileInfo(path).isFile())
         return;
     QSizeF size = QImageReader(path).size();
     if (size.isEmpty())
@@ -162,7 +176,7 @@ void GraphReader::readPicture(const QJsonObject &object, Drawing &drawing) const
     if (!scale.isEmpty() && scale != QLatin1String("false"))
         size.scale(node, scale == QLatin1String("both") ? Qt::IgnoreAspectRatio : Qt::KeepAspectRatio);
     QRectF rect(QPointF(), size);
-    rect.moveCenter(m_mapper.point(center[0].toDouble(), center[1].toDouble()));
+    rect.moveCenter(*middle);
     drawing.push_back(Picture {rect, path});
 }
 
@@ -171,6 +185,7 @@ void GraphReader::readNode(const QJsonObject &object)
     Node node;
     const QString name = object[QLatin1String("name")].toString();
     node.drawing = drawing(object, "_draw_");
+    node.middle = middleOf(object).value_or(drawingExtent(node.drawing).center());
     readPicture(object, node.drawing);
     Drawing label = drawing(object, "_ldraw_");
     node.name = nameWithLabel(name, labelText(label));
@@ -185,15 +200,18 @@ void GraphReader::readEdge(const QJsonObject &object)
     Edge edge;
     edge.tail = m_nodeOfObject.value(object[QLatin1String("tail")].toInt(-1), -1);
     edge.head = m_nodeOfObject.value(object[QLatin1String("head")].toInt(-1), -1);
-    edge.lines = drawing(object, "_draw_");
-    edge.tailArrow = drawing(object, "_tdraw_");
-    edge.headArrow = drawing(object, "_hdraw_");
+    edge.tailCluster = clusterEnd(object[QLatin1String("ltail")].toString(), edge.tail, edge.head);
+    edge.headCluster = clusterEnd(object[QLatin1String("lhead")].toString(), edge.head, edge.tail);
+    readEdgeLook(m_graph, object, m_mapper, edge);
+    QString label;
     for (const char *key : {"_ldraw_", "_tldraw_", "_hldraw_"}) {
-        Drawing label = drawing(object, key);
-        std::move(label.begin(), label.end(), std::back_inserter(edge.labels));
+        const Drawing drawn = drawing(object, key);
+        label += u' ' + labelText(drawn);
+        if (!drawn.empty())
+            edge.labels.push_back(drawn);
     }
     const QString arrow = m_graph[QLatin1String("directed")].toBool() ? QStringLiteral(" → ") : QStringLiteral(" – ");
-    edge.name = nameWithLabel(nodeName(edge.tail) + arrow + nodeName(edge.head), labelText(edge.labels));
+    edge.name = nameWithLabel(nodeName(edge.tail) + arrow + nodeName(edge.head), label.simplified());
     m_document.edges.push_back(std::move(edge));
 }
 
@@ -208,8 +226,22 @@ void GraphReader::readObjects()
         else
             readNode(object);
     }
+}
+
+void GraphReader::readEdges()
+{
     for (const QJsonValue &edge : m_graph[QLatin1String("edges")].toArray())
         readEdge(edge.toObject());
+}
+
+// The cluster with which Graphviz let the edge end instead of \a node, or -1: it must contain that end alone.
+int GraphReader::clusterEnd(const QString &name, int node, int otherNode) const
+{
+    const int index = m_clusterOfName.value(name, -1);
+    if (index < 0 || m_graph[QLatin1String("compound")].toString() != QLatin1String("true"))
+        return -1;
+    const QList<int> &inside = m_document.clusters[static_cast<std::size_t>(index)].nodes;
+    return inside.contains(node) && !inside.contains(otherNode) ? index : -1;
 }
 
 QList<int> GraphReader::nodeIndices(const QJsonArray &objects) const
@@ -257,6 +289,7 @@ GraphDocument GraphReader::read()
     readGraphItself();
     readObjects();
     collectClusters();
+    readEdges();
     return std::move(m_document);
 }
 

@@ -1,7 +1,9 @@
 #include "GraphScene.h"
 
 #include "DrawingFigures.h"
-#include "EdgeElement.h"
+#include "EdgeConnection.h"
+#include "EdgeLayer.h"
+#include "EdgeSet.h"
 #include "SheetPane.h"
 
 #include <vtlpictel/figure/ITreeSearch.h>
@@ -16,22 +18,23 @@ namespace {
 
 constexpr int gridStep = 20;
 
-// Finds elements rather than the outlines and texts they are made of.
-class ElementSearch : public ITreeSearch
+// Finds parts of the graph rather than the outlines and texts they are made of.
+class PartSearch : public ITreeSearch
 {
 public:
-    bool accept(const Figure *figure) const override { return dynamic_cast<const Element *>(figure) != nullptr; }
+    bool accept(const Figure *figure) const override { return dynamic_cast<const GraphPart *>(figure) != nullptr; }
     bool prune(const Figure *figure) const override { return !figure->isVisible(); }
 };
 
 // Null when nothing is drawn.
-template <typename ElementType, typename... Arguments>
-ElementType *addElement(FreeformLayer &layer, bool drawn, Arguments &&...arguments)
+template <typename Part>
+Element *addElement(FreeformLayer &layer, Element::Kind kind, const Part &part)
 {
-    if (!drawn)
+    if (part.drawing.empty())
         return nullptr;
-    auto *element = new ElementType(std::forward<Arguments>(arguments)..., &layer);
+    auto *element = new Element(kind, part.name, &layer);
     layer.add(element);
+    element->setDrawing(part.drawing);
     return element;
 }
 
@@ -48,18 +51,20 @@ GraphScene::GraphScene()
 {
     m_content->setSnapSize(gridStep);
     m_content->addLayer(m_sheet, printedLayer());
-    m_clusterLayer = addLayer(QStringLiteral("clusters"));
-    m_edgeLayer = addLayer(QStringLiteral("edges"));
-    m_nodeLayer = addLayer(QStringLiteral("nodes"));
-    m_labelLayer = addLayer(QStringLiteral("labels"));
+    m_clusterLayer = addLayer<FreeformLayer>(QStringLiteral("clusters"));
+    m_edgeLayer = addLayer<EdgeLayer>(QStringLiteral("edges"));
+    m_nodeLayer = addLayer<FreeformLayer>(QStringLiteral("nodes"));
+    m_labelLayer = addLayer<FreeformLayer>(QStringLiteral("labels"));
+    m_edges = std::make_unique<EdgeSet>(*m_edgeLayer);
 }
 
 GraphScene::~GraphScene() = default;
 
-FreeformLayer *GraphScene::addLayer(const QString &key)
+template <typename LayerType>
+LayerType *GraphScene::addLayer(const QString &key)
 {
     // The extent is examined on demand: each figure that moves would otherwise look at all others.
-    auto *layer = new FreeformLayer(m_sheet, false);
+    auto *layer = new LayerType(m_sheet, false);
     m_sheet->addLayer(layer, key);
     return layer;
 }
@@ -95,11 +100,7 @@ void GraphScene::addTitle(const GraphDocument &document)
 void GraphScene::addClusters(const GraphDocument &document)
 {
     for (const Cluster &cluster : document.clusters) {
-        const bool drawn = !cluster.drawing.empty();
-        auto *element = addElement<Element>(*m_clusterLayer, drawn, Element::Kind::Cluster, cluster.name);
-        if (element)
-            element->setDrawing(cluster.drawing);
-        m_clusters << element;
+        m_clusters << addElement(*m_clusterLayer, Element::Kind::Cluster, cluster);
         m_members << ClusterMembers {cluster.nodes, cluster.clusters};
     }
 }
@@ -107,32 +108,47 @@ void GraphScene::addClusters(const GraphDocument &document)
 void GraphScene::addNodes(const GraphDocument &document)
 {
     for (const Node &node : document.nodes) {
-        auto *element = addElement<Element>(*m_nodeLayer, !node.drawing.empty(), Element::Kind::Node, node.name);
-        if (element)
-            element->setDrawing(node.drawing);
-        m_nodes << element;
+        m_nodes << addElement(*m_nodeLayer, Element::Kind::Node, node);
+        if (m_nodes.last())
+            m_nodes.last()->setMiddle(node.middle.toPoint());
     }
+}
+
+Element *GraphScene::endOf(int node, int cluster) const
+{
+    Element *element = m_clusters.value(cluster);
+    return element ? element : m_nodes.value(node);
 }
 
 void GraphScene::addEdges(const GraphDocument &document)
 {
     for (const Edge &edge : document.edges) {
-        const bool drawn = !edge.lines.empty() || !edge.labels.empty();
-        auto *element = addElement<EdgeElement>(*m_edgeLayer, drawn, edge);
-        if (element)
-            element->attach(nodeElement(edge.tail), nodeElement(edge.head));
+        if (!edge.strands.empty() || !edge.labels.empty())
+            m_edges->add(edge, endOf(edge.tail, edge.tailCluster), endOf(edge.head, edge.headCluster));
     }
+    m_edges->assignLanes();
+}
+
+void GraphScene::setRouter(RouterKind kind)
+{
+    m_edges->setRouter(kind);
+    updateExtent();
+}
+
+bool GraphScene::isBendable(const EdgeConnection *edge) const
+{
+    return m_edges->isBendable(edge);
 }
 
 QRect GraphScene::pictureArea() const
 {
     const QRect page(0, 0, qRound(m_page.width()), qRound(m_page.height()));
-    return m_moved ? page.united(m_content->getFreeformExtent()) : page;
+    return m_changed ? page.united(m_content->getFreeformExtent()) : page;
 }
 
-Element *GraphScene::elementAt(const QPoint &point) const
+GraphPart *GraphScene::partAt(const QPoint &point) const
 {
-    return dynamic_cast<Element *>(m_content->findFigureAt(point.x(), point.y(), ElementSearch()));
+    return dynamic_cast<GraphPart *>(m_content->findFigureAt(point.x(), point.y(), PartSearch()));
 }
 
 QList<Element *> GraphScene::movedWith(Element *element) const
@@ -144,23 +160,24 @@ QList<Element *> GraphScene::movedWith(Element *element) const
     for (const int inner : m_members.at(cluster).clusters)
         moved << m_clusters.value(inner);
     for (const int node : m_members.at(cluster).nodes)
-        moved << nodeElement(node);
+        moved << m_nodes.value(node);
     moved.removeAll(nullptr);
     return moved;
 }
 
 void GraphScene::move(Element *element, const QPoint &offset)
 {
-    if (!element || !element->isMovable() || offset.isNull())
+    if (!element || offset.isNull())
         return;
     for (Element *moved : movedWith(element))
         moved->place(moved->getBounds().translated(offset));
-    m_moved = true;
+    m_changed = true;
 }
 
 void GraphScene::updateExtent()
 {
-    for (FreeformLayer *layer : {m_clusterLayer, m_edgeLayer, m_nodeLayer, m_labelLayer})
+    m_edgeLayer->layOut();
+    for (const FreeformLayer *layer : {m_clusterLayer, m_nodeLayer, m_labelLayer})
         qobject_cast<FreeformLayout *>(layer->getLayoutManager())->examineExtent();
 }
 
@@ -179,6 +196,7 @@ void GraphScene::setGridVisible(bool visible)
 void GraphScene::setAntialiasing(bool on)
 {
     m_sheet->setAntialiasing(on);
+    m_edgeLayer->setAntialias(on);
 }
 
 } // namespace GraphViewer

@@ -1,10 +1,12 @@
 #include "GraphView.h"
 
+#include "EdgeConnection.h"
 #include "Element.h"
 #include "GraphScene.h"
 
 #include <vtlpictel/layers/FreeformLayeredPane.h>
 
+#include <QApplication>
 #include <QHoverEvent>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
@@ -61,6 +63,7 @@ void GraphView::adoptScene()
     widget()->show();
     m_scene->setGridVisible(m_gridVisible);
     m_scene->setAntialiasing(m_antialiasing);
+    m_scene->setRouter(m_router);
     updatePaper();
     relayout();
 }
@@ -103,6 +106,16 @@ void GraphView::setAntialiasing(bool on)
     m_antialiasing = on;
     if (m_scene)
         m_scene->setAntialiasing(on);
+}
+
+void GraphView::setRouter(RouterKind kind)
+{
+    m_router = kind;
+    if (!m_scene)
+        return;
+    endDrag();
+    m_scene->setRouter(kind);
+    relayout();
 }
 
 // Zooming
@@ -218,9 +231,21 @@ bool GraphView::viewportEvent(QEvent *event)
 
 // Pointing
 
-Element *GraphView::elementAt(const QPoint &viewportPoint)
+GraphPart *GraphView::partAt(const QPoint &viewportPoint)
 {
-    return m_scene ? m_scene->elementAt(toContent(viewportPoint)) : nullptr;
+    return m_scene ? m_scene->partAt(toContent(viewportPoint)) : nullptr;
+}
+
+EdgeConnection *GraphView::bendableAt(const QPoint &viewportPoint)
+{
+    auto *edge = dynamic_cast<EdgeConnection *>(partAt(viewportPoint));
+    return m_scene && m_scene->isBendable(edge) ? edge : nullptr;
+}
+
+int GraphView::bendAt(const EdgeConnection &edge, const QPoint &viewportPoint)
+{
+    constexpr double radius = 6;
+    return edge.bends().indexNear(toContent(viewportPoint), qMax(radius, radius / getScale()));
 }
 
 // The scrolled widget sends its hover events here, in its own coordinates.
@@ -234,19 +259,19 @@ bool GraphView::event(QEvent *event)
 void GraphView::hoverAt(const QPoint &viewportPoint)
 {
     if (m_drag == Drag::None && viewport()->rect().contains(viewportPoint))
-        setHovered(elementAt(viewportPoint));
+        setHovered(partAt(viewportPoint));
 }
 
-void GraphView::setHovered(Element *element)
+void GraphView::setHovered(GraphPart *part)
 {
-    if (m_hovered == element)
+    if (m_hovered == part)
         return;
     if (m_hovered)
         m_hovered->setHighlighted(false);
-    m_hovered = element;
+    m_hovered = part;
     if (m_hovered)
         m_hovered->setHighlighted(true);
-    Q_EMIT elementHovered(element ? element->name() : QString());
+    Q_EMIT partHovered(part ? part->name() : QString());
 }
 
 // Dragging
@@ -258,21 +283,60 @@ void GraphView::mousePressEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton && event->button() != Qt::MiddleButton)
         return;
     event->accept();
-    Element *element = event->button() == Qt::LeftButton ? elementAt(position) : nullptr;
-    m_dragged = element && element->isMovable() ? element : nullptr;
-    m_drag = m_dragged ? Drag::Element : Drag::View;
-    m_dragPosition = m_dragged ? toContent(position) : position;
-    viewport()->setCursor(m_dragged ? Qt::SizeAllCursor : Qt::ClosedHandCursor);
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (!isLeft || (!startElementDrag(position) && !startEdgeDrag(position)))
+        startViewDrag(position);
+}
+
+bool GraphView::startElementDrag(const QPoint &viewportPoint)
+{
+    m_draggedElement = dynamic_cast<Element *>(partAt(viewportPoint));
+    if (!m_draggedElement)
+        return false;
+    m_drag = Drag::Element;
+    m_dragPosition = toContent(viewportPoint);
+    viewport()->setCursor(Qt::SizeAllCursor);
+    return true;
+}
+
+bool GraphView::startEdgeDrag(const QPoint &viewportPoint)
+{
+    m_draggedEdge = bendableAt(viewportPoint);
+    if (!m_draggedEdge)
+        return false;
+    m_draggedBend = bendAt(*m_draggedEdge, viewportPoint);
+    m_drag = m_draggedBend < 0 ? Drag::Line : Drag::Bend;
+    m_dragPosition = toContent(viewportPoint);
+    viewport()->setCursor(Qt::SizeAllCursor);
+    return true;
+}
+
+void GraphView::startViewDrag(const QPoint &viewportPoint)
+{
+    m_drag = Drag::View;
+    m_dragPosition = viewportPoint;
+    viewport()->setCursor(Qt::ClosedHandCursor);
 }
 
 void GraphView::mouseMoveEvent(QMouseEvent *event)
 {
     const QPoint position = event->position().toPoint();
-    if (m_drag == Drag::View) {
+    switch (m_drag) {
+    case Drag::None:
+        break;
+    case Drag::View:
         scrollBy(m_dragPosition - position);
         m_dragPosition = position;
-    } else if (m_drag == Drag::Element) {
+        break;
+    case Drag::Element:
         dragElement(position);
+        break;
+    case Drag::Line:
+        dragLine(position);
+        break;
+    case Drag::Bend:
+        dragBend(position);
+        break;
     }
     event->accept();
 }
@@ -280,9 +344,33 @@ void GraphView::mouseMoveEvent(QMouseEvent *event)
 void GraphView::dragElement(const QPoint &viewportPoint)
 {
     const QPointF contentPoint = toContent(QPointF(viewportPoint));
-    m_scene->move(m_dragged, contentPoint.toPoint() - m_dragPosition);
+    m_scene->move(m_draggedElement, contentPoint.toPoint() - m_dragPosition);
     m_dragPosition = contentPoint.toPoint();
-    if (!m_dragged || m_scene->content()->getBounds().contains(m_dragged->getBounds()))
+    followDragged(m_draggedElement->getBounds(), contentPoint, viewportPoint);
+}
+
+// A click that trembles adds no bendpoint.
+void GraphView::dragLine(const QPoint &viewportPoint)
+{
+    if ((viewportPoint - fromContent(m_dragPosition)).manhattanLength() < QApplication::startDragDistance())
+        return;
+    m_draggedBend = m_draggedEdge->addBend(m_dragPosition, toContent(viewportPoint));
+    m_drag = Drag::Bend;
+    dragBend(viewportPoint);
+}
+
+void GraphView::dragBend(const QPoint &viewportPoint)
+{
+    const QPointF contentPoint = toContent(QPointF(viewportPoint));
+    m_draggedEdge->moveBend(m_draggedBend, contentPoint.toPoint());
+    m_scene->setChanged();
+    followDragged(QRect(contentPoint.toPoint(), QSize(1, 1)), contentPoint, viewportPoint);
+}
+
+// What is dragged out of the content takes the content's extent along, and stays under the pointer.
+void GraphView::followDragged(const QRect &bounds, const QPointF &contentPoint, const QPoint &viewportPoint)
+{
+    if (m_scene->content()->getBounds().contains(bounds))
         return;
     m_scene->updateExtent();
     relayout();
@@ -298,11 +386,23 @@ void GraphView::mouseReleaseEvent(QMouseEvent *event)
 
 void GraphView::endDrag()
 {
-    if (m_drag == Drag::Element && m_scene)
+    if (m_drag != Drag::None && m_drag != Drag::View)
         m_scene->updateExtent();
     m_drag = Drag::None;
-    m_dragged = nullptr;
     viewport()->unsetCursor();
+}
+
+void GraphView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const QPoint position = event->position().toPoint();
+    EdgeConnection *edge = event->button() == Qt::LeftButton ? bendableAt(position) : nullptr;
+    const int bend = edge ? bendAt(*edge, position) : -1;
+    if (bend < 0)
+        return mousePressEvent(event);
+    edge->removeBend(bend);
+    m_scene->setChanged();
+    m_scene->updateExtent();
+    event->accept();
 }
 
 } // namespace GraphViewer

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vtlpictel/viewer/FreeformViewer.h>
+#include "EdgeRouters.h"
 
-#include <QPointer>
+#include <vtlpictel/viewer/FreeformViewer.h>
 
 #include <memory>
 
@@ -14,15 +14,20 @@ QT_END_NAMESPACE
 
 namespace GraphViewer {
 
+class EdgeConnection;
 class Element;
+class GraphPart;
 class GraphScene;
 struct GraphDocument;
 
 /// Shows one graph and lets the user look around in it.
 ///
-/// Left button: drags a node or a cluster, and the view where there is neither; middle button: drags the view.
+/// Left button: drags a node or a cluster, bends an edge, and drags the view where there is none of them; middle
+/// button: drags the view. With bendpoints, dragging the line of an edge adds one, dragging a bendpoint moves it and a
+/// double click on it removes it.
+///
 /// Ctrl + wheel, a pinch and the zoom operations keep the content point under the pointer (or in the middle) where it
-/// is. The element under the pointer is highlighted.
+/// is. What is under the pointer is highlighted.
 ///
 /// The paper has the graph's own colour in every palette, because the graph's colours were chosen for it.
 class GraphView : public Vantrel::Pictel::FreeformViewer
@@ -42,6 +47,9 @@ public:
     GraphScene *scene() const { return m_scene.get(); }
     bool isGridVisible() const { return m_gridVisible; }
     bool isAntialiasing() const { return m_antialiasing; }
+    RouterKind router() const { return m_router; }
+    /// Lays the edges of this graph and of those to come with that router. Bendpoints are kept for its return.
+    void setRouter(RouterKind kind);
 
     /// Sets the scale so that the content under \a at (viewport pixels) stays there.
     void zoomAt(double scale, const QPointF &at);
@@ -55,8 +63,8 @@ public Q_SLOTS:
     void setAntialiasing(bool on);
 
 Q_SIGNALS:
-    /// The pointer came to another element; \a name is empty where there is none.
-    void elementHovered(const QString &name);
+    /// The pointer came to another part of the graph; \a name is empty where there is none.
+    void partHovered(const QString &name);
 
 protected:
     bool event(QEvent *event) override;
@@ -66,15 +74,24 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
-    enum class Drag { None, View, Element };
+    enum class Drag { None, View, Element, Line, Bend };
 
-    Element *elementAt(const QPoint &viewportPoint);
+    GraphPart *partAt(const QPoint &viewportPoint);
+    EdgeConnection *bendableAt(const QPoint &viewportPoint);
+    int bendAt(const EdgeConnection &edge, const QPoint &viewportPoint);
     void hoverAt(const QPoint &viewportPoint);
-    void setHovered(Element *element);
+    void setHovered(GraphPart *part);
     void scrollBy(const QPoint &pixels);
+    bool startElementDrag(const QPoint &viewportPoint);
+    bool startEdgeDrag(const QPoint &viewportPoint);
+    void startViewDrag(const QPoint &viewportPoint);
     void dragElement(const QPoint &viewportPoint);
+    void dragLine(const QPoint &viewportPoint);
+    void dragBend(const QPoint &viewportPoint);
+    void followDragged(const QRect &bounds, const QPointF &contentPoint, const QPoint &viewportPoint);
     void endDrag();
     void updatePaper();
     void adoptScene();
@@ -87,15 +104,19 @@ private:
     bool nativeGesture(QNativeGestureEvent *event);
 
     std::unique_ptr<GraphScene> m_scene;
-    QPointer<Element> m_hovered;
-    QPointer<Element> m_dragged;
+    // Parts live as long as the scene.
+    GraphPart *m_hovered = nullptr;
+    Element *m_draggedElement = nullptr;
+    EdgeConnection *m_draggedEdge = nullptr;
+    int m_draggedBend = -1;
     Drag m_drag = Drag::None;
-    QPoint m_dragPosition; ///< Viewport pixels while the view is dragged, content coordinates for an element.
+    QPoint m_dragPosition; ///< Viewport pixels while the view is dragged, otherwise content coordinates.
     QPointF m_anchor; ///< The content point kept by the zoom steps at m_anchorPosition.
     QPointF m_anchorPosition;
     bool m_anchorValid = false;
     bool m_gridVisible = false;
     bool m_antialiasing = true;
+    RouterKind m_router = RouterKind::Bendpoint;
 };
 
 } // namespace GraphViewer

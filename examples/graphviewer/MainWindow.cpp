@@ -3,6 +3,7 @@
 #include "Export.h"
 #include "GraphView.h"
 
+#include <QActionGroup>
 #include <QApplication>
 #include <QClipboard>
 #include <QDragEnterEvent>
@@ -49,7 +50,7 @@ MainWindow::MainWindow(QWidget *parent)
     connect(&m_loader, &GraphLoader::loaded, this, &MainWindow::showGraph);
     connect(&m_loader, &GraphLoader::failed, this, &MainWindow::showError);
     connect(m_view, &GraphView::scaleChanged, this, &MainWindow::updateZoom);
-    connect(m_view, &GraphView::elementHovered, m_hoverLabel, &QLabel::setText);
+    connect(m_view, &GraphView::partHovered, m_hoverLabel, &QLabel::setText);
     updateActions();
     updateZoom();
     resize(1000, 720);
@@ -116,6 +117,31 @@ void MainWindow::createViewMenu()
     menu->addSeparator();
     addToggle(menu, tr("&Grid"), m_view->isGridVisible(), &GraphView::setGridVisible)->setShortcut(tr("Ctrl+G"));
     addToggle(menu, tr("&Antialiasing"), m_view->isAntialiasing(), &GraphView::setAntialiasing);
+    createRouterMenu(menu->addMenu(tr("&Edges")));
+}
+
+void MainWindow::createRouterMenu(QMenu *menu)
+{
+    m_routerActions = new QActionGroup(this);
+    const QList<QPair<RouterKind, QString>> entries {{RouterKind::Straight, tr("&Straight")},
+                                                     {RouterKind::Bendpoint, tr("With &Bendpoints")},
+                                                     {RouterKind::Manhattan, tr("&Manhattan")}};
+    for (const auto &[kind, text] : entries) {
+        QAction *action = menu->addAction(text);
+        action->setCheckable(true);
+        action->setData(int(kind));
+        m_routerActions->addAction(action);
+    }
+    connect(m_routerActions, &QActionGroup::triggered, m_view,
+            [this](const QAction *action) { m_view->setRouter(RouterKind(action->data().toInt())); });
+    setRouter(m_view->router());
+}
+
+void MainWindow::setRouter(RouterKind kind)
+{
+    for (QAction *action : m_routerActions->actions())
+        action->setChecked(action->data().toInt() == int(kind));
+    m_view->setRouter(kind);
 }
 
 void MainWindow::createHelpMenu()

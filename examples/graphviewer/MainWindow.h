@@ -1,11 +1,13 @@
 #pragma once
 
+#include "EdgeRouters.h"
 #include "GraphLoader.h"
 
 #include <QMainWindow>
 
 QT_BEGIN_NAMESPACE
 class QAction;
+class QActionGroup;
 class QLabel;
 class QMenu;
 class QPrinter;
@@ -31,6 +33,8 @@ public:
 
     /// Starts to load \a file.
     void openFile(const QString &file);
+    /// Lays the edges of all graphs with that router, as the menu does.
+    void setRouter(RouterKind kind);
     GraphView *view() const { return m_view; }
 
 protected:
@@ -45,6 +49,7 @@ private:
     void createFileMenu();
     void createEditMenu();
     void createViewMenu();
+    void createRouterMenu(QMenu *menu);
     void createHelpMenu();
     void createStatusBar();
     void createToolBar();
@@ -67,6 +72,7 @@ private:
     GraphView *m_view;
     GraphLoader m_loader;
     QString m_shownFile;
+    QActionGroup *m_routerActions = nullptr;
     QList<QAction *> m_toolActions;
     QList<QAction *> m_graphActions; ///< Those that need a graph.
     QLabel *m_zoomLabel = nullptr;

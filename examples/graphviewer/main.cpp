@@ -25,12 +25,13 @@ void choosePlatform(const QStringList &arguments)
         qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
-int showWindow(const QString &file)
+int showWindow(const CommandLine &request)
 {
     MainWindow window;
+    window.setRouter(request.router);
     window.show();
-    if (!file.isEmpty())
-        window.openFile(file);
+    if (!request.file.isEmpty())
+        window.openFile(request.file);
     return QApplication::exec();
 }
 
@@ -48,7 +49,7 @@ int run(const CommandLine &request)
     case CommandLine::Action::ShowWindow:
         break;
     }
-    return showWindow(request.file);
+    return showWindow(request);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EdgeConnection.h"
 #include "Element.h"
 #include "GraphLoader.h"
 #include "GraphScene.h"
@@ -93,10 +94,12 @@ inline const QByteArray hangingDot = "#!/bin/sh\nexec /bin/sleep 1000\n";
 
 // Figures
 
-inline GraphViewer::Element *element(GraphViewer::GraphView &view, const QString &layer, const QString &name)
+/// The part of that name in \a layer; null when there is none of that type.
+template <typename Part>
+Part *part(GraphViewer::GraphView &view, const QString &layer, const QString &name)
 {
     for (Vantrel::Pictel::Figure *figure : view.scene()->content()->getLayer(layer)->childFigures()) {
-        auto *candidate = dynamic_cast<GraphViewer::Element *>(figure);
+        auto *candidate = dynamic_cast<Part *>(figure);
         if (candidate && candidate->name() == name)
             return candidate;
     }
@@ -105,7 +108,17 @@ inline GraphViewer::Element *element(GraphViewer::GraphView &view, const QString
 
 inline GraphViewer::Element *node(GraphViewer::GraphView &view, const QString &name)
 {
-    return element(view, QStringLiteral("nodes"), name);
+    return part<GraphViewer::Element>(view, QStringLiteral("nodes"), name);
+}
+
+inline GraphViewer::Element *clusterNamed(GraphViewer::GraphView &view, const QString &name)
+{
+    return part<GraphViewer::Element>(view, QStringLiteral("clusters"), name);
+}
+
+inline GraphViewer::EdgeConnection *edgeNamed(GraphViewer::GraphView &view, const QString &name)
+{
+    return part<GraphViewer::EdgeConnection>(view, QStringLiteral("edges"), name);
 }
 
 /// The middle of \a figure in viewport pixels.

@@ -48,10 +48,7 @@ private Q_SLOTS:
     void dragOnPaperMovesTheView();
     void middleButtonMovesTheViewAnywhere();
     void dragMovesNodeWithItsChildren();
-    void dragMovesTheEndsOfEdges();
-    void dragOfBothEndsMovesTheWholeEdge();
     void dragMovesClusterWithAllThatIsInIt();
-    void edgesAreNotDragged();
     void dragOutOfThePageKeepsTheNodeUnderThePointer();
     void movedNodeStaysWhenPainted();
 
@@ -78,28 +75,6 @@ private:
 };
 
 namespace {
-
-QPointF startOf(Figure *edge)
-{
-    for (Figure *child : edge->childFigures()) {
-        if (auto *curve = dynamic_cast<PolylineF *>(child)) {
-            QPointF point = curve->getPointF(0);
-            return edge->translateToParent(point);
-        }
-    }
-    return {};
-}
-
-QPointF endOf(Figure *edge)
-{
-    for (Figure *child : edge->childFigures()) {
-        if (auto *curve = dynamic_cast<PolylineF *>(child)) {
-            QPointF point = curve->getPointF(curve->getPointCount() - 1);
-            return edge->translateToParent(point);
-        }
-    }
-    return {};
-}
 
 QList<QRect> childBounds(Figure *figure)
 {
@@ -181,7 +156,7 @@ QPoint tst_GraphViewerView::freeSpot()
 {
     for (int y = 5; y < view().viewport()->height(); y += 7) {
         for (int x = 5; x < view().viewport()->width(); x += 7) {
-            if (!view().scene()->elementAt(view().toContent(QPoint(x, y))))
+            if (!view().scene()->partAt(view().toContent(QPoint(x, y))))
                 return {x, y};
         }
     }
@@ -207,7 +182,8 @@ void tst_GraphViewerView::smallGraphIsNotEnlarged()
     show(bundled(QStringLiteral("records.gv")));
     QCOMPARE(view().getScale(), 1.0);
     const QPointF middle = view().fromContent(QRectF(view().scene()->pictureArea())).center();
-    QVERIFY(distance(middle, QRectF(view().viewport()->rect()).center()) <= 2.0);
+    const double off = distance(middle, QRectF(view().viewport()->rect()).center());
+    QVERIFY2(off <= 2.0, qPrintable(QString::number(off)));
 }
 
 void tst_GraphViewerView::nextGraphReplacesTheOneBefore()
@@ -380,38 +356,10 @@ void tst_GraphViewerView::dragMovesNodeWithItsChildren()
     QCOMPARE(childBounds(order), translated(children, {30, -20}));
 }
 
-void tst_GraphViewerView::dragMovesTheEndsOfEdges()
-{
-    view().zoomAt(1.0, {400, 300});
-    Element *paid = node(view(), QStringLiteral("paid (Paid?)"));
-    Element *coming = element(view(), QStringLiteral("edges"), QStringLiteral("order → paid"));
-    Element *going = element(view(), QStringLiteral("edges"), QStringLiteral("paid → queue (yes)"));
-    QVERIFY(paid && coming && going);
-    const QPointF comingStart = startOf(coming);
-    const QPointF comingEnd = endOf(coming);
-    const QPointF goingStart = startOf(going);
-    const QPointF goingEnd = endOf(going);
-    const QPoint from = middleOf(view(), paid);
-    drag(view(), Qt::LeftButton, from, from + QPoint(50, 10));
-    QVERIFY(distance(startOf(coming), comingStart) < 0.01);
-    QVERIFY(distance(endOf(coming), comingEnd + QPointF(50, 10)) < 0.01);
-    QVERIFY(distance(startOf(going), goingStart + QPointF(50, 10)) < 0.01);
-    QVERIFY(distance(endOf(going), goingEnd) < 0.01);
-}
-
-void tst_GraphViewerView::dragOfBothEndsMovesTheWholeEdge()
-{
-    Element *edge = element(view(), QStringLiteral("edges"), QStringLiteral("paid → queue (yes)"));
-    const QRect bounds = edge->getBounds();
-    for (const QString &name : {QStringLiteral("paid (Paid?)"), QStringLiteral("queue (Work queue)")})
-        view().scene()->move(node(view(), name), {70, -40});
-    QCOMPARE(edge->getBounds(), bounds.translated(70, -40));
-}
-
 void tst_GraphViewerView::dragMovesClusterWithAllThatIsInIt()
 {
-    Element *cluster = element(view(), QStringLiteral("clusters"), QStringLiteral("cluster_back (Orders)"));
-    Element *inner = element(view(), QStringLiteral("clusters"), QStringLiteral("cluster_ship (Shipping)"));
+    Element *cluster = clusterNamed(view(), QStringLiteral("cluster_back (Orders)"));
+    Element *inner = clusterNamed(view(), QStringLiteral("cluster_ship (Shipping)"));
     Element *pack = node(view(), QStringLiteral("pack (Pack)"));
     Element *outside = node(view(), QStringLiteral("mail (E-mail)"));
     QVERIFY(cluster && inner && pack && outside);
@@ -422,15 +370,6 @@ void tst_GraphViewerView::dragMovesClusterWithAllThatIsInIt()
     drag(view(), Qt::LeftButton, corner, corner + QPoint(12, 8));
     QCOMPARE(QList<QRect>({cluster->getBounds(), inner->getBounds(), pack->getBounds()}), translated(before, offset));
     QCOMPARE(outside->getBounds(), untouched);
-}
-
-void tst_GraphViewerView::edgesAreNotDragged()
-{
-    view().zoomAt(2.0, {400, 300});
-    Element *edge = element(view(), QStringLiteral("edges"), QStringLiteral("paid → queue (yes)"));
-    const QRect bounds = edge->getBounds();
-    view().scene()->move(edge, {10, 10});
-    QCOMPARE(edge->getBounds(), bounds);
 }
 
 void tst_GraphViewerView::dragOutOfThePageKeepsTheNodeUnderThePointer()
@@ -461,7 +400,7 @@ void tst_GraphViewerView::movedNodeStaysWhenPainted()
 
 void tst_GraphViewerView::nodeUnderThePointerIsHighlightedAndNamed()
 {
-    QSignalSpy hovered(&view(), &GraphView::elementHovered);
+    QSignalSpy hovered(&view(), &GraphView::partHovered);
     Element *customer = node(view(), QStringLiteral("customer (Customer)"));
     hover(middleOf(view(), customer));
     QTRY_COMPARE(hovered.count(), 1);
@@ -481,10 +420,10 @@ void tst_GraphViewerView::nodeUnderThePointerIsHighlightedAndNamed()
 void tst_GraphViewerView::edgeUnderThePointerIsHighlightedAndNamed()
 {
     view().zoomAt(2.0, {400, 300});
-    QSignalSpy hovered(&view(), &GraphView::elementHovered);
-    Element *edge = element(view(), QStringLiteral("edges"), QStringLiteral("queue → pack"));
+    QSignalSpy hovered(&view(), &GraphView::partHovered);
+    EdgeConnection *edge = edgeNamed(view(), QStringLiteral("queue → pack"));
     view().setViewLocation(edge->getBounds().topLeft() - QPoint(100, 100), false);
-    const QPointF start = startOf(edge) * 0.7 + endOf(edge) * 0.3;
+    const QPointF start = edge->track().at(edge->track().length() * 0.3);
     hover(view().fromContent(start).toPoint());
     QTRY_VERIFY(!hovered.isEmpty());
     QCOMPARE(hovered.last()[0].toString(), QStringLiteral("queue → pack"));
@@ -501,8 +440,8 @@ void tst_GraphViewerView::cornerOfAnEllipseIsNotTheNode()
     view().zoomAt(2.0, {400, 300});
     Element *customer = node(view(), QStringLiteral("customer (Customer)"));
     const QRect bounds = customer->getBounds();
-    QCOMPARE(view().scene()->elementAt(bounds.center()), customer);
-    QVERIFY(view().scene()->elementAt(bounds.topLeft() + QPoint(4, 4)) != customer);
+    QCOMPARE(view().scene()->partAt(bounds.center()), customer);
+    QVERIFY(view().scene()->partAt(bounds.topLeft() + QPoint(4, 4)) != customer);
 }
 
 void tst_GraphViewerView::nothingIsHighlightedWhenThePointerLeaves()
