@@ -23,7 +23,7 @@ FreeformViewer *shownViewer()
 bool showsTheBox(FreeformViewer *viewer)
 {
     const QImage image = viewer->viewport()->grab().toImage();
-    const QPoint inTheBox = viewer->fromContent(QPoint(60, 10));
+    const QPoint inTheBox = viewer->fromContent(QPoint(70, 50));
     return image.rect().contains(inTheBox) && image.pixelColor(inTheBox) == QColor("gold");
 }
 
