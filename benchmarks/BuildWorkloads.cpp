@@ -1,0 +1,96 @@
+// Coming and going: W1 build, W9 remove, W10 heap.
+
+#include "HeapMeter.h"
+#include "Workload.h"
+
+namespace Bench {
+
+namespace {
+
+Objection proveBuilt(int count)
+{
+    StageSet &set = StageSet::of(Show::Grid, count);
+    const Objection objection = provePositions(set);
+    return objection.isEmpty() ? provePicture(set, View()) : objection;
+}
+
+Scene sceneOf(int count)
+{
+    return StageSet::of(Show::Grid, count).scene();
+}
+
+void build(benchmark::State &state, Contestant contestant, int count)
+{
+    const Scene scene = sceneOf(count);
+    for (auto _ : state) {
+        const std::unique_ptr<Stage> stage = emptyStage(contestant);
+        timed(state, [&] {
+            stage->build(scene);
+            stage->paint();
+        });
+    }
+}
+
+void measureHeap(benchmark::State &state, Contestant contestant, int count)
+{
+    const Scene scene = sceneOf(count);
+    double bytes = 0;
+    for (auto _ : state) {
+        const std::unique_ptr<Stage> stage = emptyStage(contestant);
+        const double before = heapBytes();
+        timed(state, [&] {
+            stage->build(scene);
+            stage->paint();
+        });
+        bytes = heapBytes() - before;
+    }
+    state.counters["bytes"] = bytes / count;
+}
+
+std::vector<int> half(int count)
+{
+    std::vector<int> indices = shuffledIndices(count);
+    indices.resize(indices.size() / 2);
+    return indices;
+}
+
+Objection proveRemoved(int count)
+{
+    StageSet &set = StageSet::of(Show::Grid, count);
+    const std::vector<int> indices = half(count);
+    for (const Contestant contestant : AllContestants)
+        set.stage(contestant).removeFigures(indices);
+    Objection objection = provePositions(set, indices);
+    if (objection.isEmpty())
+        objection = provePicture(set, View());
+    StageSet::forget();
+    return objection;
+}
+
+void removeHalf(benchmark::State &state, Contestant contestant, int count)
+{
+    const Scene scene = gridScene(count);
+    const std::vector<int> indices = half(count);
+    for (auto _ : state) {
+        const std::unique_ptr<Stage> stage = emptyStage(contestant);
+        stage->build(scene);
+        stage->paint();
+        timed(state, [&] {
+            stage->removeFigures(indices);
+            stage->paint();
+        });
+    }
+}
+
+} // namespace
+
+std::vector<Workload> buildWorkloads(const Sizes &sizes)
+{
+    return {
+        {"W9 remove half", benchmark::kMillisecond, sizes.usual, everybody, proveRemoved, removeHalf, true, true},
+        {"W1 build", benchmark::kMillisecond, sizes.extended, everybody, proveBuilt, build, true, true},
+        {"W10 heap per figure", benchmark::kMillisecond, sizes.usual, searchers, proveBuilt, measureHeap, true, true},
+    };
+}
+
+} // namespace Bench
