@@ -2,6 +2,7 @@
 
 #include "support/BoundedRect.h"
 #include "support/RectExtents.h"
+#include "viewer/DirtyArea_p.h"
 
 #include <vtlpictel/figure/UpdateManager.h>
 #include <vtlpictel/layout/PageLayout.h>
@@ -61,6 +62,7 @@ private:
     QPointer<FreeformWidget> m_widget;
 
 public:
+    DirtyArea dirtyArea;
     QPointer<UpdateManager> updateManager;
     QPointer<PageLayout> pageLayout;
     QPoint lastClickLocation;
@@ -129,11 +131,11 @@ bool FreeformViewer::setContent(Figure *content)
 void FreeformViewer::updateContentRect(const QRect &rect)
 {
     FreeformWidget *widget = d->widget();
-    widget->update(roundedRect(widget->fromLogical(toRectF(rect))));
+    d->dirtyArea.add(*widget, roundedRect(widget->fromLogical(toRectF(rect))));
     if (widget->getScale() == 1.0 || !rect.isValid())
         return;
     const QRectF reached = widget->fromLogical(QRectF(grownRect(rect, 1, 1)));
-    widget->update(grownRect(boundedRect(reached).toAlignedRect(), 1, 1));
+    d->dirtyArea.add(*widget, grownRect(boundedRect(reached).toAlignedRect(), 1, 1));
 }
 
 QRect &FreeformViewer::elasticBand()
@@ -435,6 +437,7 @@ bool FreeformViewer::eventFilter(QObject *object, QEvent *event)
 {
     if (!event)
         return false;
+    d->dirtyArea.clear();
     // The type comes first: a dying widget sends events too, when it is no FreeformWidget any more.
     if (event->type() == QEvent::Resize && object == d->widget() && d->widget()->isResizing())
         return false;
