@@ -95,7 +95,8 @@ public:
     bool setMaximumSize(const QSize &size) override;
     /// The cached size while the figure is valid; otherwise computed anew from content or layout, margin and border.
     QSize getPreferredSize() override;
-    /// Stores \a size if it lies between minimum and maximum, else leaves a debug message. Always returns false.
+    /// Stores \a size if it lies between minimum and maximum, else leaves a debug message. Always returns false. With a
+    /// layout manager it does not last, see getPreferredSize(): set the minimum size instead.
     bool setPreferredSize(const QSize &size) override;
     int getMargin() const override;
     /// Stores the space kept free inside the border, in logical pixels; negative values become 0.

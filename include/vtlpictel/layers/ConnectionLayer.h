@@ -13,6 +13,9 @@ class IConnectionRouter;
 ///
 /// The router is not owned and may be deleted at any time; the layer has none until one is set. Other figures are
 /// added and removed as in any layer.
+///
+/// Layers are laid out from bottom to top. Where layouts place the connected figures, put this layer above them: a line
+/// that was laid out before its figures moved waits for the next change.
 class VTLPICTEL_EXPORT ConnectionLayer : public FreeformLayer
 {
     Q_OBJECT

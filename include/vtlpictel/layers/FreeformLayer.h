@@ -29,7 +29,8 @@ public:
     /// Stores the padding, negative values as 0; it counts when the extent is asked for the next time.
     void setExtentPadding(int padding) { m_extentPadding = qMax(padding, 0); }
 
-    /// The union of the visible figures' rectangles, grown by the padding, in content coordinates.
+    /// The union of the rectangles that the visible figures have as constraints, grown by the padding, in content
+    /// coordinates. Figures without one, such as lines and connections, do not count.
     QRect getFreeformExtent() override;
     /// Makes \a bounds (parent's coordinates) the layer's own.
     void setFreeformBounds(const QRect &bounds) override;

@@ -26,7 +26,9 @@ class PageLayout;
 ///     pane->addLayer(layer, "drawing");
 ///     viewer->setContent(pane);
 ///     viewer->widget()->setProperty("backgroundColor", QColor(Qt::white));
-///     layer->add(new Ellipse(layer), QRect(20, 20, 80, 50));
+///     auto *ellipse = new Ellipse(layer);
+///     layer->add(ellipse);
+///     layer->getLayoutManager()->setConstraint(ellipse, QRect(20, 20, 80, 50));
 /// \endcode
 ///
 /// Coordinates: content coordinates are the logical ones of the figures, viewport coordinates the pixels of the visible
