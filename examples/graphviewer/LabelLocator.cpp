@@ -2,6 +2,7 @@
 
 #include "EdgeConnection.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace GraphViewer {
@@ -49,35 +50,63 @@ double LabelLocator::extentAlong(const QPointF &direction) const
     return (std::abs(direction.x()) * m_label.width() + std::abs(direction.y()) * m_label.height()) / 2;
 }
 
-double LabelLocator::distanceAlong(const QList<QPoint> &points) const
+// Beside the line at that distance.
+QPointF LabelLocator::centerAt(const Place &place) const
 {
-    if (!m_freePlace)
-        return m_fraction * m_edge.track().length();
-    double distance = 0;
-    double done = 0;
-    double longest = 0;
+    const Track &track = m_edge.track();
+    const QPointF direction = track.directionAt(place.distance);
+    const QPointF right = rightOf(direction);
+    const QPointF aside = right * place.side * (extentAlong(right) + place.gap);
+    return track.at(place.distance) + aside + direction * m_along;
+}
+
+bool LabelLocator::hidesLine(const Place &place) const
+{
+    constexpr double step = 2;
+    QRectF label = m_label;
+    label.moveCenter(centerAt(place));
+    for (double distance = 0; distance < m_edge.track().length(); distance += step) {
+        if (label.contains(m_edge.track().at(distance)))
+            return true;
+    }
+    return false;
+}
+
+// The places beside the segments of the route, the longest first.
+QList<LabelLocator::Place> LabelLocator::freePlaces(const QList<QPoint> &points) const
+{
+    constexpr double widestGap = 8;
     const QList<QPointF> corners = cornersOf({points.begin(), points.end()});
+    QList<QPair<double, double>> segments; // the negative length, for the order, and the distance
+    double done = 0;
     for (qsizetype i = 0; i + 1 < corners.size(); ++i) {
         const double length = QLineF(corners[i], corners[i + 1]).length();
-        if (length > longest) {
-            longest = length;
-            distance = done + length * *m_freePlace;
-        }
+        segments << qMakePair(-length, done + length * *m_freePlace);
         done += length;
     }
-    return distance;
+    std::sort(segments.begin(), segments.end());
+    QList<Place> places;
+    for (const auto &segment : std::as_const(segments)) {
+        for (const double side : {m_side, -m_side})
+            places << Place {segment.second, side, qMin(m_gap, widestGap)};
+    }
+    return places;
+}
+
+LabelLocator::Place LabelLocator::placeBeside(const QList<QPoint> &points) const
+{
+    const Place own {m_fraction * m_edge.track().length(), m_side, m_gap};
+    const QList<Place> places = m_freePlace ? freePlaces(points) : QList<Place>();
+    for (const Place &place : places) {
+        if (!hidesLine(place))
+            return place;
+    }
+    return places.isEmpty() ? own : places.first();
 }
 
 QPoint LabelLocator::getLocation(QList<QPoint> points)
 {
-    constexpr double widestGap = 8;
-    const Track &track = m_edge.track();
-    const double distance = distanceAlong(points);
-    const double gap = m_freePlace ? qMin(m_gap, widestGap) : m_gap;
-    const QPointF direction = track.directionAt(distance);
-    const QPointF right = rightOf(direction);
-    const QPointF aside = right * m_side * (extentAlong(right) + gap);
-    return (track.at(distance) + aside + direction * m_along).toPoint();
+    return centerAt(placeBeside(points)).toPoint();
 }
 
 QRect LabelLocator::getNewBounds(const QSize &, const QPoint &center)

@@ -28,10 +28,20 @@ protected:
     QPoint getLocation(QList<QPoint> points) override;
 
 private:
+    struct Place
+    {
+        double distance; // along the line
+        double side;
+        double gap;
+    };
+
     double extentAlong(const QPointF &direction) const;
     void takePlace(const Track &course);
     bool isAtEnd() const { return m_fraction < 0.2 || m_fraction > 0.8; }
-    double distanceAlong(const QList<QPoint> &points) const;
+    QPointF centerAt(const Place &place) const;
+    bool hidesLine(const Place &place) const;
+    QList<Place> freePlaces(const QList<QPoint> &points) const;
+    Place placeBeside(const QList<QPoint> &points) const;
 
     const EdgeConnection &m_edge;
     QRectF m_label;

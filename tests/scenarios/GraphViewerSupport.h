@@ -17,8 +17,24 @@
 #include <QWheelEvent>
 #include <qtestspontaneevent.h>
 
+#include <array>
+
 /// What the tests of the graph viewer share.
 namespace GraphViewerSupport {
+
+constexpr std::array<GraphViewer::RouterKind, 3> everyRouter {
+    GraphViewer::RouterKind::Straight, GraphViewer::RouterKind::Bendpoint, GraphViewer::RouterKind::Manhattan};
+
+/// The ends of an edge, in content coordinates.
+inline QPointF startOf(const GraphViewer::EdgeConnection &edge)
+{
+    return edge.track().at(0);
+}
+
+inline QPointF endOf(const GraphViewer::EdgeConnection &edge)
+{
+    return edge.track().at(edge.track().length());
+}
 
 inline QString bundled(const QString &name)
 {

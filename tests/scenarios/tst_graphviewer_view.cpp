@@ -1,7 +1,4 @@
-#include "support/TestMain.h"
-
-#include "GraphViewerSupport.h"
-#include "MainWindow.h"
+#include "GraphViewerTest.h"
 
 #include <vtlpictel/shapes/PolylineF.h>
 #include <vtlpictel/shapes/TextFigure.h>
@@ -22,14 +19,11 @@ using namespace GraphViewerSupport;
 using namespace Vantrel::Pictel;
 
 /// Looking around in a graph and moving its parts, with real events on a shown window.
-class tst_GraphViewerView : public PictelTest
+class tst_GraphViewerView : public GraphViewerTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void largeGraphIsShownInFull();
     void smallGraphIsNotEnlarged();
     void nextGraphReplacesTheOneBefore();
@@ -61,17 +55,6 @@ private Q_SLOTS:
     void antialiasingIsOptional();
     void graphIsLegibleInBothPalettes_data();
     void graphIsLegibleInBothPalettes();
-
-private:
-    void show(const QString &file);
-    QImage screen() { return m_window->view()->viewport()->grab().toImage(); }
-    GraphView &view() { return *m_window->view(); }
-    QAction *action(const QString &text) const;
-    QPoint freeSpot();
-    void hover(const QPoint &viewportPoint);
-
-    QTemporaryDir m_directory;
-    std::unique_ptr<MainWindow> m_window;
 };
 
 namespace {
@@ -118,56 +101,6 @@ QPalette darkPalette()
 }
 
 } // namespace
-
-void tst_GraphViewerView::init()
-{
-    PictelTest::init();
-    m_window = std::make_unique<MainWindow>();
-    m_window->resize(900, 700);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-    show(sample(QStringLiteral("webshop.dot")));
-}
-
-void tst_GraphViewerView::cleanup()
-{
-    m_window.reset();
-    QApplication::setPalette(QApplication::style()->standardPalette());
-}
-
-void tst_GraphViewerView::show(const QString &file)
-{
-    m_window->openFile(file);
-    QTRY_COMPARE(m_window->windowFilePath(), file);
-    QCoreApplication::processEvents();
-}
-
-QAction *tst_GraphViewerView::action(const QString &text) const
-{
-    for (QAction *each : m_window->findChildren<QAction *>()) {
-        if (each->text().remove(u'&') == text)
-            return each;
-    }
-    return nullptr;
-}
-
-// A point of the viewport where there is only paper.
-QPoint tst_GraphViewerView::freeSpot()
-{
-    for (int y = 5; y < view().viewport()->height(); y += 7) {
-        for (int x = 5; x < view().viewport()->width(); x += 7) {
-            if (!view().scene()->partAt(view().toContent(QPoint(x, y))))
-                return {x, y};
-        }
-    }
-    return {};
-}
-
-void tst_GraphViewerView::hover(const QPoint &viewportPoint)
-{
-    QTest::mouseMove(m_window->windowHandle(), view().viewport()->mapTo(m_window.get(), viewportPoint));
-    QCoreApplication::processEvents();
-}
 
 // Content
 
@@ -300,13 +233,13 @@ void tst_GraphViewerView::fingersPinchZoom()
 void tst_GraphViewerView::zoomActionsHaveStandardShortcuts()
 {
     view().zoomToActualSize();
-    QTest::keyClick(m_window.get(), Qt::Key_Plus, Qt::ControlModifier);
+    QTest::keyClick(&window(), Qt::Key_Plus, Qt::ControlModifier);
     QCOMPARE(view().getScale(), 1.25);
-    QTest::keyClick(m_window.get(), Qt::Key_Minus, Qt::ControlModifier);
+    QTest::keyClick(&window(), Qt::Key_Minus, Qt::ControlModifier);
     QCOMPARE(view().getScale(), 1.0);
-    QTest::keyClick(m_window.get(), Qt::Key_9, Qt::ControlModifier);
+    QTest::keyClick(&window(), Qt::Key_9, Qt::ControlModifier);
     QVERIFY(view().getScale() < 1.0);
-    QTest::keyClick(m_window.get(), Qt::Key_0, Qt::ControlModifier);
+    QTest::keyClick(&window(), Qt::Key_0, Qt::ControlModifier);
     QCOMPARE(view().getScale(), 1.0);
 }
 
@@ -315,7 +248,7 @@ void tst_GraphViewerView::statusBarShowsTheZoom()
     QStringList texts;
     view().zoomToActualSize();
     view().zoomIn();
-    for (QLabel *label : m_window->findChildren<QLabel *>())
+    for (QLabel *label : window().findChildren<QLabel *>())
         texts << label->text();
     QVERIFY2(texts.contains(QStringLiteral("125 %")), qPrintable(texts.join(u'|')));
 }
@@ -412,7 +345,7 @@ void tst_GraphViewerView::nodeUnderThePointerIsHighlightedAndNamed()
     QTRY_VERIFY(cart->isClientAreaHighlighted());
     QVERIFY(!customer->isClientAreaHighlighted());
     QStringList texts;
-    for (QLabel *label : m_window->findChildren<QLabel *>())
+    for (QLabel *label : window().findChildren<QLabel *>())
         texts << label->text();
     QVERIFY2(texts.contains(QStringLiteral("cart (Shopping cart)")), qPrintable(texts.join(u'|')));
 }
@@ -471,7 +404,7 @@ void tst_GraphViewerView::gridIsPaintedOnDemand()
 
 void tst_GraphViewerView::antialiasingIsOptional()
 {
-    show(writeFile(m_directory, QStringLiteral("ellipse.dot"), "digraph { a [label=\"\"] }"));
+    showGraph("digraph { a [label=\"\"] }");
     QVERIFY(colorCount(screen()) > 10);
     action(QStringLiteral("Antialiasing"))->trigger();
     QCOMPARE(colorCount(screen()), 2);
