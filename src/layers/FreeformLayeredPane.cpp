@@ -111,27 +111,31 @@ FreeformLayeredPane::~FreeformLayeredPane() = default;
 
 void FreeformLayeredPane::addLayerAbove(Layer *layer, const QString &key, Layer *above)
 {
-    LayeredPane::addLayerAbove(layer, key, above);
-    watchExtent(layer, key);
+    addWatched(layer, key, [&] { LayeredPane::addLayerAbove(layer, key, above); });
 }
 
 void FreeformLayeredPane::addLayerBeneath(Layer *layer, const QString &key, Layer *beneath)
 {
-    LayeredPane::addLayerBeneath(layer, key, beneath);
-    watchExtent(layer, key);
+    addWatched(layer, key, [&] { LayeredPane::addLayerBeneath(layer, key, beneath); });
 }
 
-// Connects once more with every call, whatever became of the layer.
-void FreeformLayeredPane::watchExtent(Layer *layer, const QString &key)
+// Connects once more with every call, whatever became of the layer, unless adding it was the end of it or of the pane.
+template <typename Adding>
+void FreeformLayeredPane::addWatched(Layer *layer, const QString &key, Adding add)
 {
-    if (m_stackLayout && !key.isEmpty() && isFreeformLayer(layer))
-        connect(layer, SIGNAL(extentChanged()), m_stackLayout, SLOT(examineExtent()));
+    const QPointer<FreeformLayeredPane> self(this);
+    const QPointer<Layer> guest(layer);
+    const bool hasKey = !key.isEmpty();
+    add();
+    if (self && m_stackLayout && hasKey && isFreeformLayer(guest))
+        connect(guest, SIGNAL(extentChanged()), m_stackLayout, SLOT(examineExtent()));
 }
 
 Layer *FreeformLayeredPane::removeLayer(const QString &key)
 {
+    const QPointer<FreeformLayeredPane> self(this);
     Layer *layer = LayeredPane::removeLayer(key);
-    if (m_stackLayout && isFreeformLayer(layer))
+    if (self && m_stackLayout && isFreeformLayer(layer))
         disconnect(layer, SIGNAL(extentChanged()), m_stackLayout, SLOT(examineExtent()));
     return layer;
 }

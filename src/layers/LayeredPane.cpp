@@ -30,19 +30,27 @@ void LayeredPane::addLayerBeneath(Layer *layer, const QString &key, Layer *benea
     insertLayer(layer, key, beneath, 0, "addLayerBeneath");
 }
 
+// Naming and adding the layer call out: layer and pane may be gone afterwards.
 void LayeredPane::insertLayer(Layer *layer, const QString &key, Layer *neighbour, int offset, const char *operation)
 {
     if (!layer || key.isEmpty()) {
         QMessageLogger().warning("LayeredPane::%s(): cannot add null layer or add with empty key", operation);
         return;
     }
-    layer->setObjectName(key);
-    if (m_layers.contains(key)) {
-        QMessageLogger().warning("LayeredPane::%s(): layer '%s' already exists", operation, qUtf8Printable(key));
+    const QPointer<LayeredPane> self(this);
+    const QPointer<Layer> guest(layer);
+    const QString ownKey = key;
+    layer->setObjectName(ownKey);
+    if (!self || !guest)
+        return;
+    forgetDeadLayers();
+    if (m_layers.contains(ownKey)) {
+        QMessageLogger().warning("LayeredPane::%s(): layer '%s' already exists", operation, qUtf8Printable(ownKey));
         return;
     }
-    if (neighbour ? placeBeside(layer, neighbour, offset, operation) : add(layer, 0u, 0u, -1))
-        registerLayer(layer, key);
+    const bool added = neighbour ? placeBeside(layer, neighbour, offset, operation) : add(layer, 0u, 0u, -1);
+    if (added && self && guest)
+        registerLayer(layer, ownKey);
 }
 
 // True also when the layout refuses the layer: its key counts all the same.
@@ -63,19 +71,17 @@ void LayeredPane::registerLayer(Layer *layer, const QString &key)
     m_layers.insert(key, layer);
     if (qobject_cast<LayeredPane *>(layer) && !m_paneKeys.contains(key))
         m_paneKeys.append(key);
-    connect(layer, &QObject::destroyed, this, &LayeredPane::forgetDeadLayers, Qt::UniqueConnection);
 }
 
-// A layer can stand under several keys; all of them point to nothing once it is dead.
+// Done before a key is looked for, not when a layer dies: the layers then need not know the pane, which may die first.
 void LayeredPane::forgetDeadLayers()
 {
-    const QStringList keys = m_layers.keys();
-    for (const QString &key : keys) {
-        if (m_layers.value(key))
-            continue;
-        m_layers.remove(key);
-        m_paneKeys.removeOne(key);
-    }
+    m_layers.removeIf([this](auto entry) {
+        const bool isDead = !entry.value();
+        if (isDead)
+            m_paneKeys.removeOne(entry.key());
+        return isDead;
+    });
 }
 
 Layer *LayeredPane::getLayer(const QString &key)
@@ -101,11 +107,14 @@ Layer *LayeredPane::findInNestedPanes(const QString &key)
 
 Layer *LayeredPane::removeLayer(const QString &key)
 {
+    const QPointer<LayeredPane> self(this);
     const QPointer<Layer> layer = m_layers.take(key);
     if (!layer)
         return nullptr;
+    const QString ownKey = key;
     remove(layer);
-    m_paneKeys.removeOne(key);
+    if (self)
+        m_paneKeys.removeOne(ownKey);
     return layer;
 }
 

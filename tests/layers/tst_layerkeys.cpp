@@ -1,6 +1,7 @@
 #include "support/TestMain.h"
 
-#include <vtlpictel/layers/LayeredPane.h>
+#include <vtlpictel/layers/FreeformLayer.h>
+#include <vtlpictel/layers/FreeformLayeredPane.h>
 
 #include <QTest>
 
@@ -32,6 +33,12 @@ private Q_SLOTS:
     void otherLayersSurviveADeletedOne();
     void layersOutliveThePane();
     void removedLayerCanBeDeleted();
+    void layerCanBeDeletedWhileItsPaneDies();
+    void removedLayerCanBeDeletedWhileItsPaneDies();
+    void layerDeletedWhileNamedGetsNoKey();
+    void layerDeletedWhileAddedGetsNoKey();
+    void paneDeletedWhileALayerIsAddedIsSurvived();
+    void paneDeletedWhileALayerIsRemovedIsSurvived();
 };
 
 namespace {
@@ -276,6 +283,83 @@ void tst_LayerKeys::removedLayerCanBeDeleted()
     pane.addLayer(&next, "key");
     layer.reset();
     QCOMPARE(pane.getLayer("key"), &next);
+}
+
+void tst_LayerKeys::layerCanBeDeletedWhileItsPaneDies()
+{
+    auto pane = std::make_unique<LayeredPane>();
+    auto layer = std::make_unique<Layer>();
+    pane->addLayer(layer.get(), "key");
+    connect(pane.get(), &QObject::destroyed, this, [&] { layer.reset(); });
+    pane.reset();
+    QCOMPARE(layer.get(), nullptr);
+}
+
+void tst_LayerKeys::removedLayerCanBeDeletedWhileItsPaneDies()
+{
+    auto pane = std::make_unique<LayeredPane>();
+    auto layer = std::make_unique<Layer>();
+    pane->addLayer(layer.get(), "key");
+    pane->removeLayer("key");
+    connect(pane.get(), &QObject::destroyed, this, [&] { layer.reset(); });
+    pane.reset();
+    QCOMPARE(layer.get(), nullptr);
+}
+
+void tst_LayerKeys::layerDeletedWhileNamedGetsNoKey()
+{
+    FreeformLayeredPane pane;
+    Layer neighbour;
+    pane.addLayer(&neighbour, "neighbour");
+    auto layer = std::make_unique<FreeformLayer>(nullptr, false);
+    connect(layer.get(), &QObject::objectNameChanged, this, [&] { layer.reset(); });
+    pane.addLayerAbove(layer.get(), "key", &neighbour);
+    QCOMPARE(pane.getLayer("key"), nullptr);
+    QCOMPARE(pane.childFigures(), Layers({&neighbour}));
+}
+
+void tst_LayerKeys::layerDeletedWhileAddedGetsNoKey()
+{
+    FreeformLayeredPane pane;
+    Layer neighbour;
+    pane.addLayer(&neighbour, "neighbour");
+    for (Layer *above : {static_cast<Layer *>(nullptr), &neighbour}) {
+        auto layer = std::make_unique<FreeformLayer>(nullptr, false);
+        connect(layer.get(), &Figure::propertyChanged, this, [&] { layer.reset(); });
+        pane.addLayerAbove(layer.get(), "key", above);
+        QCOMPARE(layer.get(), nullptr);
+        QCOMPARE(pane.getLayer("key"), nullptr);
+        QCOMPARE(pane.childFigures(), Layers({&neighbour}));
+    }
+    Layer next;
+    pane.addLayer(&next, "key");
+    QCOMPARE(pane.getLayer("key"), &next);
+}
+
+void tst_LayerKeys::paneDeletedWhileALayerIsAddedIsSurvived()
+{
+    FreeformLayer layer(nullptr, false);
+    auto pane = std::make_unique<FreeformLayeredPane>();
+    const auto named = connect(&layer, &QObject::objectNameChanged, this, [&] { pane.reset(); });
+    pane->addLayer(&layer, "first");
+    QCOMPARE(layer.getParentFigure(), nullptr);
+    disconnect(named);
+    pane = std::make_unique<FreeformLayeredPane>();
+    connect(&layer, &Figure::propertyChanged, this, [&] { pane.reset(); });
+    pane->addLayerBeneath(&layer, "second", nullptr);
+    QCOMPARE(pane.get(), nullptr);
+    QCOMPARE(layer.getParentFigure(), nullptr);
+    QCOMPARE(layer.objectName(), QString("second"));
+}
+
+void tst_LayerKeys::paneDeletedWhileALayerIsRemovedIsSurvived()
+{
+    FreeformLayer layer(nullptr, false);
+    auto pane = std::make_unique<FreeformLayeredPane>();
+    pane->addLayer(&layer, "key");
+    connect(&layer, &Figure::propertyChanged, this, [&] { pane.reset(); });
+    QCOMPARE(pane->removeLayer("key"), &layer);
+    QCOMPARE(pane.get(), nullptr);
 }
 
 PICTEL_TEST_MAIN(tst_LayerKeys)

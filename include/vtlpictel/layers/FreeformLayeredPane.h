@@ -56,7 +56,8 @@ protected:
     void drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const override;
 
 private:
-    void watchExtent(Layer *layer, const QString &key);
+    template <typename Adding>
+    void addWatched(Layer *layer, const QString &key, Adding add);
     void drawGrid(QPainter *painter, const QRect &rect, int step) const;
 
     QPointer<FreeformStackLayout> m_stackLayout;
