@@ -39,7 +39,6 @@ FreeformWidget::FreeformWidget(FreeformViewer *viewer, Qt::WindowFlags flags)
 {
     setAttribute(Qt::WA_Hover);
     setAttribute(Qt::WA_MouseTracking);
-    d->setTransformation(0.0, 0.0, 1.0);
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     setMinimumSize(300, 200);
@@ -182,9 +181,7 @@ double FreeformWidget::setScale(double scale, const QPoint *topLeft)
 double FreeformWidget::setScaleAt(double scale, const QPoint &fixedPoint)
 {
     const double newScale = d->boundedScale(scale);
-    if (newScale <= 0.0 || newScale == d->scale)
-        return d->scale;
-    return d->zoom(newScale, &fixedPoint, nullptr);
+    return newScale == d->scale ? newScale : d->zoom(newScale, &fixedPoint, nullptr);
 }
 
 double FreeformWidget::adjustSizeToScale(double scale, const QPoint *topLeft)
@@ -206,14 +203,12 @@ void FreeformWidget::setScaleBounds(double bound, double otherBound)
 {
     d->minimumScale = std::min(bound, otherBound);
     d->maximumScale = std::max(bound, otherBound);
-    if (d->minimumScale > 0.0 && d->maximumScale > 0.0)
-        adjustSizeToScale(d->scale, nullptr);
+    adjustSizeToScale(d->scale, nullptr);
 }
 
 void FreeformWidget::resetScaleBounds()
 {
-    d->minimumScale = -1.0;
-    d->maximumScale = -1.0;
+    setScaleBounds(-1.0, -1.0);
 }
 
 // The fitting scale is stored before the layout, so that this only moves the view to the middle of the extent.
@@ -313,8 +308,6 @@ bool FreeformWidget::extentHandlingEnabled() const
 void FreeformWidget::enableExtentHandling(bool enabled)
 {
     d->extentHandling = enabled;
-    if (enabled)
-        contentExtentChanged();
 }
 
 // A new extent is laid out by the next zoom, scroll or resize; a drawing that grows must not jump under the mouse.

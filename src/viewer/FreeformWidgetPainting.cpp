@@ -128,7 +128,6 @@ void FreeformWidget::Private::paintRubberBand(QPainter &painter, const QRect &re
     QStyleOptionRubberBand band;
     band.initFrom(q);
     band.shape = QRubberBand::Rectangle;
-    band.opaque = false;
     band.rect = rect;
     q->style()->drawControl(QStyle::CE_RubberBand, &band, &painter, q);
 }

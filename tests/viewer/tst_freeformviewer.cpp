@@ -429,6 +429,9 @@ void tst_FreeformViewer::replacedWidgetLeavesTheViewerUsable()
     QCOMPARE(drawing.viewer.getScale(), 1.0);
     drawing.viewer.resize(500, 400);
     QCOMPARE(drawing.viewer.elasticBand(), QRect());
+    FreeformLayeredPane next;
+    QCOMPARE(drawing.viewer.setContent(&next), true);
+    QCOMPARE(next.getUpdateManager(), drawing.viewer.getUpdateManager());
 }
 
 void tst_FreeformViewer::takenWidgetOutlivesTheViewer()

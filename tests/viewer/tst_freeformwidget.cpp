@@ -402,6 +402,7 @@ void tst_FreeformWidget::contentDiesWhileShown()
     viewer.resize(400, 300);
     viewer.show();
     QVERIFY(QTest::qWaitForWindowExposed(&viewer));
+    QCoreApplication::processEvents();
     EventLog log(*widget, {QEvent::Paint});
     pane.reset();
     QCOMPARE(widget->getContent(), nullptr);

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void paintAreaIsTheDirtyAreaInContentCoordinates();
     void paintAreaOfAScaledWidgetIsAllOfIt();
     void paintAreaOfAScaledPartHoldsItsSurroundings();
+    void paintAreaOfAReducedPartHoldsItsSurroundings();
     void painterMapsFromContentToWidget();
     void viewOptionsDescribeTheWidget();
     void contentGetsTheViewOptions();
@@ -249,6 +250,15 @@ void tst_ViewerPainting::paintAreaOfAScaledPartHoldsItsSurroundings()
     QCOMPARE(drawing.pane.areas, QList<QRect>({QRect(8, 18, 34, 24)}));
     drawing.widget.repaint(QRect(0, 0, 60, 40));
     QCOMPARE(drawing.pane.areas.last(), QRect(-50, -50, 32, 22));
+}
+
+void tst_ViewerPainting::paintAreaOfAReducedPartHoldsItsSurroundings()
+{
+    ProbedDrawing drawing;
+    QVERIFY(drawing.showAtScale(0.5, QPoint(-50, -50)));
+    drawing.widget.repaint(QRect(100, 80, 60, 40));
+    // The part itself is (150, 110, 120, 80); a pixel is two units.
+    QCOMPARE(drawing.pane.areas, QList<QRect>({QRect(147, 107, 126, 86)}));
 }
 
 void tst_ViewerPainting::painterMapsFromContentToWidget()

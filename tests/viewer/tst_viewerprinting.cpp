@@ -1,19 +1,17 @@
 #include "support/TestMain.h"
 
-#include "Drawing.h"
+#include "PrintedDrawing.h"
 
 #include <vtlpictel/figure/UpdateManager.h>
 #include <vtlpictel/layout/PageLayout.h>
 
 #include <QFile>
-#include <QMimeData>
-#include <QPainter>
+#include <QPointer>
+#include <QPrintEngine>
 #include <QPrinter>
-#include <QStyleOptionViewItem>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <limits>
 #include <memory>
 
 using namespace Vantrel::Pictel;
@@ -36,44 +34,13 @@ private Q_SLOTS:
     void printingNeedsContentManagerLayerAndArea();
     void nullPrinterPrintsNothing();
     void unusablePrinterPrintsNothing();
+    void layerDeletedByThePageLayoutIsNotPrinted();
+    void printerStateDecides_data();
+    void printerStateDecides();
     void deletedPageLayoutIsNotAsked();
-
-    void pictureShowsTheAreaWithMargins();
-    void pictureIgnoresTheZoom();
-    void pictureHasTheBaseColorOfThePalette();
-    void pictureOfAllFreeformLayers();
-    void pictureOfALayerWithoutFreeformLayersIsNull();
-    void pictureOfAPlainLayerNeedsAnArea();
-    void pictureNeedsContentManagerLayerAndArea();
-    void pictureOfNestedLayer();
-    void enormousPictureIsNull_data();
-    void enormousPictureIsNull();
-    void copyPutsThePictureIntoMimeData();
-    void copyOfNothingIsANullPicture();
 };
 
 namespace {
-
-// What a layer was asked to paint.
-class ProbeLayer : public FreeformLayer
-{
-public:
-    ProbeLayer()
-        : FreeformLayer(nullptr, true)
-    { }
-
-    QList<QRect> areas;
-    QList<QTransform> transforms;
-    QFont font;
-
-    void render(QPainter *painter, const QStyleOptionViewItem &option) override
-    {
-        areas << option.rect;
-        transforms << painter->transform();
-        font = option.font;
-        FreeformLayer::render(painter, option);
-    }
-};
 
 // A figure that remembers what it was painted on.
 class DeviceProbe : public Figure
@@ -111,31 +78,6 @@ public:
     }
 };
 
-// A viewer over an outer pane "all" with the layer "probe": a red figure at (0, 0, 100, 100), in bounds that hold it.
-struct PrintedDrawing
-{
-    PrintedDrawing()
-    {
-        viewer.resize(400, 300);
-        figure.setBackgroundColor(Qt::red);
-        layer.add(&figure, QRect(0, 0, 100, 100));
-        pane.addLayer(&inner, "all");
-        inner.addLayer(&layer, "probe");
-        inner.addLayer(&plain, "plain");
-        plain.setBounds(QRect(0, 0, 10, 10));
-        pane.setFreeformBounds(QRect(-1000, -1000, 3000, 3000));
-        viewer.setContent(&pane);
-    }
-
-    FreeformViewer viewer;
-    FreeformWidget &widget = *qobject_cast<FreeformWidget *>(viewer.widget());
-    FreeformLayeredPane pane;
-    FreeformLayeredPane inner;
-    ProbeLayer layer;
-    Layer plain;
-    Figure figure;
-};
-
 // A printer that writes a page of 10 x 5 inches without borders, at 200 dots per inch: 2000 x 1000 pixels.
 class FilePrinter : public QPrinter
 {
@@ -160,6 +102,41 @@ private:
     QString path() const { return m_directory.filePath(QStringLiteral("page.pdf")); }
 
     QTemporaryDir m_directory;
+};
+
+// Prints as another engine does, but says that it is in a chosen state.
+class StateEngine : public QPrintEngine
+{
+public:
+    StateEngine(QPrintEngine &engine, QPrinter::PrinterState state)
+        : m_engine(engine)
+        , m_state(state)
+    { }
+
+    void setProperty(PrintEnginePropertyKey key, const QVariant &value) override { m_engine.setProperty(key, value); }
+    QVariant property(PrintEnginePropertyKey key) const override { return m_engine.property(key); }
+    bool newPage() override { return m_engine.newPage(); }
+    bool abort() override { return m_engine.abort(); }
+    int metric(QPaintDevice::PaintDeviceMetric metric) const override { return m_engine.metric(metric); }
+    QPrinter::PrinterState printerState() const override { return m_state; }
+
+private:
+    QPrintEngine &m_engine;
+    QPrinter::PrinterState m_state;
+};
+
+class StatePrinter : public QPrinter
+{
+public:
+    explicit StatePrinter(QPrinter::PrinterState state)
+        : m_engine(*m_printer.printEngine(), state)
+    {
+        setEngines(&m_engine, m_printer.paintEngine());
+    }
+
+private:
+    FilePrinter m_printer;
+    StateEngine m_engine;
 };
 
 int pageCount(const QByteArray &document)
@@ -339,6 +316,52 @@ void tst_ViewerPrinting::unusablePrinterPrintsNothing()
     QCOMPARE(drawing.layer.areas.size(), 0);
 }
 
+void tst_ViewerPrinting::layerDeletedByThePageLayoutIsNotPrinted()
+{
+    class DeletingPage : public PageLayout
+    {
+    public:
+        QRectF getContentRect(QPainter *painter) const override
+        {
+            delete layer;
+            return PageLayout::getContentRect(painter);
+        }
+
+        QPointer<Layer> layer = new Layer;
+    };
+    PrintedDrawing drawing;
+    DeletingPage page;
+    drawing.inner.addLayer(page.layer, "doomed");
+    drawing.viewer.setPageLayout(&page);
+    FilePrinter printer;
+    drawing.viewer.print(&printer, "doomed", QRect(0, 0, 10, 10));
+    QVERIFY(!page.layer);
+    QCOMPARE(drawing.inner.getLayer("doomed"), nullptr);
+}
+
+void tst_ViewerPrinting::printerStateDecides_data()
+{
+    QTest::addColumn<QPrinter::PrinterState>("state");
+    QTest::addColumn<int>("printed");
+    QTest::newRow("idle") << QPrinter::Idle << 1;
+    QTest::newRow("active") << QPrinter::Active << 1;
+    QTest::newRow("aborted") << QPrinter::Aborted << 0;
+    QTest::newRow("error") << QPrinter::Error << 0;
+}
+
+void tst_ViewerPrinting::printerStateDecides()
+{
+    QFETCH(QPrinter::PrinterState, state);
+    QFETCH(int, printed);
+    PrintedDrawing drawing;
+    ProbePage page;
+    drawing.viewer.setPageLayout(&page);
+    StatePrinter printer(state);
+    drawing.viewer.print(&printer, "probe", QRect(0, 0, 10, 10));
+    QCOMPARE(drawing.layer.areas.size(), printed);
+    QCOMPARE(page.decorations, printed);
+}
+
 void tst_ViewerPrinting::deletedPageLayoutIsNotAsked()
 {
     PrintedDrawing drawing;
@@ -350,133 +373,6 @@ void tst_ViewerPrinting::deletedPageLayoutIsNotAsked()
     FilePrinter printer;
     drawing.viewer.print(&printer, "probe", QRect(0, 0, 100, 100));
     QCOMPARE(drawing.layer.transforms, QList<QTransform>({QTransform(10, 0, 0, 10, 0, 0)}));
-}
-
-void tst_ViewerPrinting::pictureShowsTheAreaWithMargins()
-{
-    PrintedDrawing drawing;
-    drawing.viewer.setXYMargins(10, 20);
-    const QPixmap picture = drawing.widget.printToPixmap("probe", QRect(0, 0, 120, 130));
-    QCOMPARE(picture.size(), QSize(140, 170));
-    QCOMPARE(drawing.layer.areas, QList<QRect>({QRect(-10, -20, 140, 170)}));
-    const QImage image = picture.toImage();
-    QCOMPARE(image.pixelColor(10, 20), QColor(Qt::red));
-    QCOMPARE(image.pixelColor(109, 119), QColor(Qt::red));
-    QCOMPARE(image.pixelColor(9, 20), QColor(Qt::white));
-    QCOMPARE(image.pixelColor(10, 19), QColor(Qt::white));
-    QCOMPARE(image.pixelColor(110, 119), QColor(Qt::white));
-}
-
-void tst_ViewerPrinting::pictureIgnoresTheZoom()
-{
-    PrintedDrawing drawing;
-    drawing.viewer.setScale(3.0);
-    const QPixmap picture = drawing.widget.printToPixmap("probe", QRect(0, 0, 100, 100));
-    QCOMPARE(picture.size(), QSize(200, 200));
-    QCOMPARE(drawing.layer.transforms, QList<QTransform>({QTransform::fromTranslate(50, 50)}));
-}
-
-void tst_ViewerPrinting::pictureHasTheBaseColorOfThePalette()
-{
-    PrintedDrawing drawing;
-    QPalette palette = drawing.widget.palette();
-    palette.setColor(QPalette::Active, QPalette::Base, Qt::yellow);
-    palette.setColor(QPalette::Inactive, QPalette::Base, Qt::yellow);
-    palette.setColor(QPalette::Disabled, QPalette::Base, Qt::cyan);
-    drawing.widget.setPalette(palette);
-    const QRect area(0, 0, 100, 100);
-    QCOMPARE(drawing.widget.printToPixmap("probe", area).toImage().pixelColor(0, 0), QColor(Qt::yellow));
-    drawing.widget.setEnabled(false);
-    QCOMPARE(drawing.widget.printToPixmap("probe", area).toImage().pixelColor(0, 0), QColor(Qt::cyan));
-}
-
-void tst_ViewerPrinting::pictureOfAllFreeformLayers()
-{
-    PrintedDrawing drawing;
-    FreeformLayer second(nullptr, true);
-    Figure far;
-    second.add(&far, QRect(-30, 200, 50, 40));
-    second.setFreeformBounds(QRect(-1000, -1000, 3000, 3000));
-    drawing.inner.addLayer(&second, "second");
-    drawing.viewer.setXYMargins(0, 0);
-    const QPixmap picture = drawing.widget.printToPixmap("all", QRect());
-    QCOMPARE(picture.size(), QSize(130, 240));
-    QCOMPARE(picture.toImage().pixelColor(30, 0), QColor(Qt::red));
-}
-
-void tst_ViewerPrinting::pictureOfALayerWithoutFreeformLayersIsNull()
-{
-    PrintedDrawing drawing;
-    QVERIFY(drawing.widget.printToPixmap("probe", QRect()).isNull());
-    QVERIFY(drawing.widget.printToPixmap("plain", QRect(0, 0, 0, 10)).isNull());
-}
-
-void tst_ViewerPrinting::pictureOfAPlainLayerNeedsAnArea()
-{
-    PrintedDrawing drawing;
-    drawing.viewer.setXYMargins(0, 0);
-    QCOMPARE(drawing.widget.printToPixmap("plain", QRect(0, 0, 30, 20)).size(), QSize(30, 20));
-}
-
-void tst_ViewerPrinting::pictureNeedsContentManagerLayerAndArea()
-{
-    const QRect area(0, 0, 10, 10);
-    PrintedDrawing drawing;
-    QVERIFY(drawing.widget.printToPixmap("unknown", area).isNull());
-    QVERIFY(!drawing.widget.printToPixmap("probe", area).isNull());
-    drawing.viewer.setUpdateManager(nullptr);
-    QVERIFY(drawing.widget.printToPixmap("probe", area).isNull());
-    FreeformViewer empty;
-    QVERIFY(qobject_cast<FreeformWidget *>(empty.widget())->printToPixmap("probe", area).isNull());
-}
-
-void tst_ViewerPrinting::pictureOfNestedLayer()
-{
-    PrintedDrawing drawing;
-    drawing.viewer.setXYMargins(0, 0);
-    const QPixmap picture = drawing.widget.printToPixmap("all", QRect(50, 50, 100, 100));
-    QCOMPARE(picture.toImage().pixelColor(49, 49), QColor(Qt::red));
-    QCOMPARE(picture.toImage().pixelColor(50, 50), QColor(Qt::white));
-}
-
-void tst_ViewerPrinting::enormousPictureIsNull_data()
-{
-    constexpr int highest = std::numeric_limits<int>::max();
-    QTest::addColumn<QRect>("area");
-    QTest::newRow("too wide") << QRect(0, 0, 32668, 1);
-    QTest::newRow("too high") << QRect(0, 0, 1, 32668);
-    QTest::newRow("too many pixels") << QRect(0, 0, 32000, 32000);
-    QTest::newRow("all there is") << QRect(QPoint(-highest, -highest), QPoint(highest, highest));
-}
-
-void tst_ViewerPrinting::enormousPictureIsNull()
-{
-    QFETCH(QRect, area);
-    PrintedDrawing drawing;
-    QVERIFY(drawing.widget.printToPixmap("probe", area).isNull());
-    QCOMPARE(drawing.layer.areas.size(), 0);
-    QCOMPARE(drawing.widget.printToPixmap("probe", QRect(0, 0, 32667, 1)).width(), 32767);
-}
-
-void tst_ViewerPrinting::copyPutsThePictureIntoMimeData()
-{
-    PrintedDrawing drawing;
-    drawing.viewer.setXYMargins(5, 5);
-    QMimeData data;
-    drawing.viewer.copy(&data, "probe", QRect(0, 0, 100, 100));
-    QVERIFY(data.hasImage());
-    const QImage image = data.imageData().value<QImage>();
-    QCOMPARE(image.size(), QSize(110, 110));
-    QCOMPARE(image.pixelColor(4, 5), QColor(Qt::white));
-    QCOMPARE(image.pixelColor(5, 5), QColor(Qt::red));
-}
-
-void tst_ViewerPrinting::copyOfNothingIsANullPicture()
-{
-    PrintedDrawing drawing;
-    QMimeData data;
-    drawing.viewer.copy(&data, "unknown", QRect(0, 0, 100, 100));
-    QVERIFY(data.imageData().value<QPixmap>().isNull());
 }
 
 PICTEL_TEST_MAIN(tst_ViewerPrinting)

@@ -184,6 +184,8 @@ void tst_ViewerScrolling::scrollBarsGetRangeStepAndValue()
     Drawing drawing;
     QVERIFY(drawing.show());
     drawing.widget.resize(1000, 700);
+    drawing.viewer.horizontalScrollBar()->setPageStep(7);
+    drawing.viewer.verticalScrollBar()->setPageStep(8);
     drawing.viewer.updateScrollBars(200, 100);
     QCOMPARE(drawing.viewer.horizontalScrollBar()->minimum(), 0);
     QCOMPARE(drawing.viewer.verticalScrollBar()->minimum(), 0);

@@ -21,6 +21,9 @@ private Q_SLOTS:
     void sameScaleWithoutTopLeftDoesNothing();
     void rangeIsTheExtentWhenThatHoldsTheView();
     void fitShowsTheWholeExtent();
+    void fitGoesByTheTighterSide_data();
+    void fitGoesByTheTighterSide();
+    void fitIntoNothingChangesNothing();
     void fitIgnoresTheTopLeft();
     void fitWithinBoundsReturnsTheUnboundedScale();
     void fitWithoutExtentReturnsTheArgument();
@@ -63,7 +66,9 @@ void tst_WidgetZoom::zoomKeepsTheCentre()
 void tst_WidgetZoom::zoomOfAScrolledViewKeepsItsCentre()
 {
     Large drawing;
+    drawing.widget.setMargins(10, 30);
     QVERIFY(drawing.showAtScale(1.0, QPoint(130, 240)));
+    QCOMPARE(drawing.widget.getPointAtOrigin(), QPointF(-10, -30));
     QCOMPARE(drawing.viewer.getViewRect(), QRect(130, 240, 400, 300));
     // Around (329, 389), again rounded away from zero.
     drawing.widget.setScale(2.0);
@@ -128,6 +133,36 @@ void tst_WidgetZoom::fitShowsTheWholeExtent()
     QCOMPARE(drawing.widget.size(), QSize(600, 450));
     QCOMPARE(drawing.scrolled(), QPoint(0, 0));
     QCOMPARE(drawing.scrollRange(), QPoint(200, 150));
+}
+
+void tst_WidgetZoom::fitGoesByTheTighterSide_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<double>("scale");
+    // With margins into 400 x 300.
+    QTest::newRow("wide") << QSize(700, 100) << 0.5;
+    QTest::newRow("high") << QSize(100, 1100) << 0.25;
+    QTest::newRow("wide and small") << QSize(60, 10) << 2.5;
+}
+
+void tst_WidgetZoom::fitGoesByTheTighterSide()
+{
+    QFETCH(QSize, size);
+    Drawing drawing;
+    Figure figure;
+    drawing.add(figure, QRect(QPoint(0, 0), size));
+    QVERIFY(drawing.show());
+    QTEST(drawing.widget.setScale(-1.0), "scale");
+}
+
+void tst_WidgetZoom::fitIntoNothingChangesNothing()
+{
+    Square drawing;
+    QVERIFY(drawing.show());
+    drawing.viewer.resizeViewport(QSize(0, 0));
+    drawing.viewer.viewport()->resize(0, 0);
+    QCOMPARE(drawing.widget.setScale(-3.0), -3.0);
+    QCOMPARE(drawing.widget.getScale(), 1.0);
 }
 
 void tst_WidgetZoom::fitIgnoresTheTopLeft()
