@@ -130,20 +130,24 @@ void Connection::anchorMoved(IConnectionAnchor *)
 
 void Connection::revalidate()
 {
+    const LifeGuard<Figure> self(this);
     m_state->markDirty();
     Figure::revalidate();
-    m_state->router()->invalidate(this);
+    if (self.isAlive())
+        m_state->router()->invalidate(this);
 }
 
-// Whoever hears of the new path may delete the connection.
+// Whoever hears of the new path or of a child's new place may delete the connection.
 void Connection::layout()
 {
+    const LifeGuard<Figure> self(this);
     if (m_state->hasBothAnchors())
         routeLine(m_state->router(), this);
-    const QPointer<Figure> self(this);
-    Figure::layout();
-    Q_EMIT pathChanged(QRectF());
-    if (self)
+    if (self.isAlive())
+        Figure::layout();
+    if (self.isAlive())
+        Q_EMIT pathChanged(QRectF());
+    if (self.isAlive())
         m_state->updateBounds(Line::getBounds());
 }
 

@@ -1,10 +1,13 @@
 #include "connections/ConnectionState_p.h"
+#include "support/BoundedRect.h"
+#include "support/LifeGuard.h"
 
 #include <vtlpictel/connections/NullRouter.h>
 #include <vtlpictel/figure/ArrowLocator.h>
 #include <vtlpictel/figure/Figure.h>
 #include <vtlpictel/figure/IConnection.h>
 #include <vtlpictel/figure/UpdateManager.h>
+#include <vtlpictel/layout/Layout.h>
 #include <vtlpictel/viewer/IFigureViewer.h>
 #include <vtlpictel/viewer/IViewport.h>
 
@@ -18,12 +21,17 @@ namespace {
 
 QRect grown(const QRect &rect)
 {
-    return rect.isNull() ? rect : rect.adjusted(-1, -1, 1, 1);
+    return rect.isNull() ? rect : grownRect(rect, 1, 1);
 }
 
 QVariant routerValue(IConnectionRouter *router)
 {
     return QVariant::fromValue(dynamic_cast<QObject *>(router));
+}
+
+bool isConstraint(const QObject *object, const Layout *layout, Figure *child)
+{
+    return layout && layout->getConstraint(child).value<QObject *>() == object;
 }
 
 void updateView(UpdateManager *manager)
@@ -97,21 +105,26 @@ void ConnectionState::setRouter(IConnectionRouter *router)
         return;
     old->remove(m_connection);
     m_router = next;
-    const QPointer<Figure> self(m_figure);
+    const LifeGuard<Figure> self(m_figure);
     Q_EMIT m_figure->propertyChanged(IConnection::PROPERTY_CONNECTION_ROUTER, routerValue(old), routerValue(next));
-    if (self)
-        self->revalidate();
+    if (self.isAlive())
+        m_figure->revalidate();
 }
 
+// Whoever hears that the old decoration leaves may delete any of the three, or set yet another one.
 void ConnectionState::setDecoration(End which, IRotatableDecoration *decoration)
 {
     EndState &end = m_ends[which];
     IRotatableDecoration *old = end.decoration.get();
     if (decoration == old)
         return;
+    const LifeGuard<Figure> self(m_figure);
+    const InterfacePointer<IRotatableDecoration> next(decoration);
     removeDecoration(old);
-    end.decoration = decoration;
-    if (!decoration)
+    if (!self.isAlive() || (end.decoration && end.decoration.get() != old))
+        return;
+    end.decoration = next;
+    if (!next)
         return;
     if (auto *figure = dynamic_cast<Figure *>(decoration))
         addDecoration(which, figure);
@@ -122,19 +135,23 @@ void ConnectionState::setDecoration(End which, IRotatableDecoration *decoration)
 
 void ConnectionState::removeDecoration(IRotatableDecoration *decoration)
 {
-    auto *figure = dynamic_cast<Figure *>(decoration);
+    const QPointer<Figure> figure = dynamic_cast<Figure *>(decoration);
     if (!figure)
         return;
     m_figure->remove(figure);
-    figure->deleteLater();
+    if (figure)
+        figure->deleteLater();
 }
 
 void ConnectionState::addDecoration(End end, Figure *decoration)
 {
     const auto alignment = end == Source ? ConnectionLocator::SOURCE : ConnectionLocator::TARGET;
     auto locator = std::make_unique<ArrowLocator>(m_connection, alignment);
+    const LifeGuard<Figure> self(m_figure);
+    const LifeGuard<Figure> guest(decoration);
+    m_figure->add(decoration, QVariant::fromValue<QObject *>(locator.get()), -1);
     // Without a QObject parent the locator belongs to the layout, once that has taken it.
-    if (m_figure->add(decoration, QVariant::fromValue<QObject *>(locator.get()), -1))
+    if (self.isAlive() && guest.isAlive() && isConstraint(locator.get(), m_figure->getLayoutManager(), decoration))
         locator.release();
 }
 

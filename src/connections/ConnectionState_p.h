@@ -1,10 +1,9 @@
 #pragma once
 
-#include "support/InterfacePointer.h"
-
 #include <vtlpictel/connections/IConnectionAnchor.h>
 #include <vtlpictel/connections/IConnectionRouter.h>
 #include <vtlpictel/figure/IRotatableDecoration.h>
+#include <vtlpictel/figure/InterfacePointer.h>
 
 #include <QRect>
 #include <QVariant>

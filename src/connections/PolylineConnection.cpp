@@ -2,10 +2,9 @@
 
 #include "connections/ConnectionState_p.h"
 #include "connections/PointConversion_p.h"
+#include "support/LifeGuard.h"
 
 #include <vtlpictel/layout/DelegatingLayout.h>
-
-#include <QPointer>
 
 namespace Vantrel::Pictel {
 

@@ -39,7 +39,6 @@ RelativeBendpoint::RelativeBendpoint(IConnection *connection, QObject *parent)
 RelativeBendpoint::RelativeBendpoint(const RelativeBendpoint &other)
     : Bendpoint(nullptr)
     , m_connection(other.m_connection)
-    , m_connectionGuard(other.m_connectionGuard)
     , m_weight(other.m_weight)
     , m_relativeDim1(other.m_relativeDim1)
     , m_relativeDim2(other.m_relativeDim2)
@@ -61,13 +60,12 @@ void RelativeBendpoint::setLocation(const QPoint &) { }
 
 IConnection *RelativeBendpoint::getConnection() const
 {
-    return m_connectionGuard ? m_connection : nullptr;
+    return m_connection.get();
 }
 
 void RelativeBendpoint::setConnection(IConnection *connection)
 {
     m_connection = connection;
-    m_connectionGuard = dynamic_cast<QObject *>(connection);
 }
 
 float RelativeBendpoint::getWeight() const

@@ -49,7 +49,10 @@ void AncestorHelper::propertyChanged(const QString &propertyName, const QVariant
         removeAncestors(oldParent);
         Q_EMIT ancestorRemoved(oldParent);
     }
-    if (self && newParent) {
+    // Whoever heard of the removal may have destroyed a figure of the chain, which ends the observation for good.
+    if (!self || !m_figure)
+        return;
+    if (newParent) {
         addAncestors(newParent);
         Q_EMIT ancestorAdded(newParent);
     }

@@ -25,16 +25,16 @@ void ArrowLocator::relocate(Figure *target)
         return;
     }
     const int count = connection->getPointCount();
+    const bool isTurned = count >= 2 && getAlignment() != MIDDLE;
+    const QPointF reference = isTurned ? connection->getPointF(getAlignment() == SOURCE ? 1 : count - 2) : QPointF();
+    const QPointer<Figure> decorationFigure(target);
+    // Whoever hears of the move may delete connection, decoration and locator: all that is needed was asked before.
     decoration->setLocation(connection->getPointF(getLocationIndex(count)));
     // The location is set all the same: a connection that collapsed to a point takes its decoration along.
-    if (count < 2) {
+    if (count < 2)
         QMessageLogger().warning("ArrowLocator::relocate(): connection contains less than 2 points");
-        return;
-    }
-    if (getAlignment() == SOURCE)
-        decoration->setReferencePoint(connection->getPointF(1));
-    else if (getAlignment() == TARGET)
-        decoration->setReferencePoint(connection->getPointF(count - 2));
+    else if (isTurned && decorationFigure)
+        decoration->setReferencePoint(reference);
 }
 
 } // namespace Vantrel::Pictel

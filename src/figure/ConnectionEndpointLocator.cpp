@@ -14,7 +14,6 @@ namespace Vantrel::Pictel {
 ConnectionEndpointLocator::ConnectionEndpointLocator(IConnection *connection, bool isEnd, QObject *parent)
     : QObject(parent)
     , m_transposer(nullptr)
-    , m_connectionObject(dynamic_cast<QObject *>(connection))
     , m_connection(connection)
     , m_isEnd(isEnd)
 { }
@@ -23,7 +22,7 @@ ConnectionEndpointLocator::~ConnectionEndpointLocator() = default;
 
 IConnection *ConnectionEndpointLocator::getConnection() const
 {
-    return m_connectionObject ? m_connection : nullptr;
+    return m_connection.get();
 }
 
 Figure *ConnectionEndpointLocator::getConnectionOwner() const

@@ -35,13 +35,12 @@ ConnectionLocator::~ConnectionLocator() = default;
 
 IConnection *ConnectionLocator::getConnection() const
 {
-    return m_connectionObject ? m_connection : nullptr;
+    return m_connection.get();
 }
 
 void ConnectionLocator::setConnection(IConnection *connection)
 {
     m_connection = connection;
-    m_connectionObject = dynamic_cast<QObject *>(connection);
 }
 
 QPoint ConnectionLocator::getLocation(QList<QPoint> points)

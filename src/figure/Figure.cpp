@@ -189,15 +189,14 @@ void Figure::setBounds(const QRect &bounds)
     const LifeGuard<Figure> self(this);
     if (isVisible())
         erase();
-    if (moved)
+    if (moved && self.isAlive())
         primTranslate(wrappingSubtract(resolved.x(), m_bounds.x()), wrappingSubtract(resolved.y(), m_bounds.y()));
-    if (!self.isAlive())
-        return;
-    if (resized) {
+    if (resized && self.isAlive()) {
         m_bounds.setSize(resolved.size());
         invalidate();
     }
-    Q_EMIT figureMoved(this);
+    if (self.isAlive())
+        Q_EMIT figureMoved(this);
     if (self.isAlive())
         repaint();
 }
@@ -360,7 +359,10 @@ void Figure::validate()
 
 void Figure::revalidate()
 {
+    const LifeGuard<Figure> self(this);
     invalidate();
+    if (!self.isAlive())
+        return;
     if (m_parentFigure && !isValidateRoot()) {
         m_parentFigure->revalidate();
         return;

@@ -13,6 +13,8 @@
 
 #include <QMessageLogger>
 
+#include <iterator>
+
 namespace Vantrel::Pictel {
 
 namespace {
@@ -43,11 +45,12 @@ constexpr AncestorSignal ancestorSignals[] = {
 
 void Figure::releaseChildren()
 {
-    if (!m_layout)
+    const auto holdsChildren = [this] { return m_layout && m_layout->getFigure() == this; };
+    if (!holdsChildren())
         return;
     if (getFlag(FLAG_NOTIFIED))
         forEachChild([](Figure *child) { child->removeNotify(); });
-    if (!m_layout || m_layout->getFigure() != this)
+    if (!holdsChildren())
         return;
     m_layout->setFigure(nullptr);
     m_layout->releaseAll();
@@ -218,9 +221,12 @@ void Figure::addAncestorListener(IAncestorListener *listener)
 void Figure::removeAncestorListener(IAncestorListener *listener)
 {
     const QObject *receiver = asObject(listener);
-    if (!receiver || listeners().ancestorCount == 0)
+    FigureListeners &own = listeners();
+    const int ended = receiver ? own.ancestors.disconnect(receiver) : 0;
+    if (ended == 0)
         return;
-    if (listeners().ancestors.disconnect(receiver) && --listeners().ancestorCount == 0)
+    own.ancestorCount -= ended / static_cast<int>(std::size(ancestorSignals));
+    if (own.ancestorCount == 0)
         delete m_ancestorHelper.data();
 }
 

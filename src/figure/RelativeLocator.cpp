@@ -73,7 +73,7 @@ void RelativeLocator::relocate(Figure *target)
     const QSize size = target->getPreferredSize();
     const QPoint offset(offsetIn(box.width(), m_relativeX, size.width()),
                         offsetIn(box.height(), m_relativeY, size.height()));
-    target->setBounds(QRectF(box.topLeft() + offset, QSizeF(size)).toRect());
+    target->setBounds(roundedRect(QRectF(box.topLeft() + offset, QSizeF(size))));
 }
 
 } // namespace Vantrel::Pictel

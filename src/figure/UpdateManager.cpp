@@ -33,43 +33,41 @@ UpdateManager::~UpdateManager()
 void UpdateManager::setViewer(IFigureViewer *viewer)
 {
     m_viewer = viewer;
-    m_viewerObject = dynamic_cast<QObject *>(viewer);
-    m_isViewerGuarded = !m_viewerObject.isNull();
 }
 
 IFigureViewer *UpdateManager::getViewer() const
 {
-    const bool isGone = m_isViewerGuarded && !m_viewerObject;
-    return isGone ? nullptr : m_viewer;
+    return m_viewer.get();
+}
+
+// The viewer; a warning in the name of operation when there is none.
+IFigureViewer *UpdateManager::viewerFor(const char *operation) const
+{
+    IFigureViewer *viewer = getViewer();
+    if (!viewer)
+        QMessageLogger().warning("UpdateManager::%s(): no managed widget", operation);
+    return viewer;
 }
 
 void UpdateManager::addDirtyRegion(Figure *figure, const QRect &rect)
 {
-    // Without a viewer the rectangle is not mapped: the other overload then only warns.
-    if (!getViewer()) {
-        addDirtyRegion(rect);
-    } else if (figure) {
-        QRect absolute = rect;
-        addDirtyRegion(figure->translateToAbsolute(absolute));
-    }
+    IFigureViewer *viewer = viewerFor("addDirtyRegion");
+    if (!viewer || !figure)
+        return;
+    QRect absolute = rect;
+    viewer->updateContentRect(figure->translateToAbsolute(absolute));
 }
 
 void UpdateManager::addDirtyRegion(const QRect &rect)
 {
-    IFigureViewer *viewer = getViewer();
-    if (!viewer) {
-        QMessageLogger().warning("UpdateManager::addDirtyRegion(): no managed widget");
-        return;
-    }
-    viewer->updateContentRect(rect);
+    if (IFigureViewer *viewer = viewerFor("addDirtyRegion"))
+        viewer->updateContentRect(rect);
 }
 
 void UpdateManager::addInvalidFigure(Figure *figure)
 {
-    if (!getViewer()) {
-        QMessageLogger().warning("UpdateManager::addInvalidFigure(): no managed widget");
+    if (!viewerFor("addInvalidFigure"))
         return;
-    }
     if (!figure) {
         QMessageLogger().warning("UpdateManager::addInvalidFigure(): null figure pointer");
         return;
@@ -80,12 +78,8 @@ void UpdateManager::addInvalidFigure(Figure *figure)
 
 void UpdateManager::performUpdate()
 {
-    IFigureViewer *viewer = getViewer();
-    if (!viewer) {
-        QMessageLogger().warning("UpdateManager::performUpdate(): no managed widget");
-        return;
-    }
-    if (m_isUpdating || m_invalidFigures.empty())
+    IFigureViewer *viewer = viewerFor("performUpdate");
+    if (!viewer || m_isUpdating || m_invalidFigures.empty())
         return;
     const QPointer<UpdateManager> self(this);
     m_isUpdating = true;

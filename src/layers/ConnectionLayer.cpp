@@ -1,6 +1,6 @@
 #include <vtlpictel/layers/ConnectionLayer.h>
 
-#include "support/InterfacePointer.h"
+#include "support/LifeGuard.h"
 
 #include <vtlpictel/connections/IConnectionRouter.h>
 #include <vtlpictel/figure/IConnection.h>
@@ -9,46 +9,41 @@
 
 namespace Vantrel::Pictel {
 
-class ConnectionLayer::RouterPointer : public InterfacePointer<IConnectionRouter>
-{
-public:
-    using InterfacePointer<IConnectionRouter>::InterfacePointer;
-};
-
 ConnectionLayer::ConnectionLayer(QObject *parent, bool contentMonitored)
     : FreeformLayer(parent, contentMonitored)
-    , m_connectionRouter(std::make_unique<RouterPointer>())
 { }
 
 ConnectionLayer::~ConnectionLayer() = default;
 
 IConnectionRouter *ConnectionLayer::getConnectionRouter() const
 {
-    return m_connectionRouter->get();
+    return m_connectionRouter.get();
 }
 
 void ConnectionLayer::setConnectionRouter(IConnectionRouter *router)
 {
-    *m_connectionRouter = RouterPointer(router);
+    m_connectionRouter = router;
 }
 
 bool ConnectionLayer::add(Figure *child, const QVariant &constraint, int index)
 {
-    const QPointer<Figure> guest(child);
-    const bool added = FreeformLayer::add(child, constraint, index);
-    return handRouterTo(guest, added);
+    return addConnection(child, [&] { return FreeformLayer::add(child, constraint, index); });
 }
 
 bool ConnectionLayer::add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index)
 {
-    const QPointer<Figure> guest(child);
-    const bool added = FreeformLayer::add(child, vStretch, hStretch, index);
-    return handRouterTo(guest, added);
+    return addConnection(child, [&] { return FreeformLayer::add(child, vStretch, hStretch, index); });
 }
 
-// A connection gets the router also when it could not be added.
-bool ConnectionLayer::handRouterTo(Figure *child, bool added)
+// A connection gets the router also when it could not be added. Both it and the layer may die of being added.
+template <typename Addition>
+bool ConnectionLayer::addConnection(Figure *child, Addition addition)
 {
+    const LifeGuard<Figure> self(this);
+    const LifeGuard<Figure> guest(child);
+    const bool added = addition();
+    if (!self.isAlive() || !guest.isAlive())
+        return added;
     auto *connection = qobject_cast<IConnection *>(child);
     IConnectionRouter *router = getConnectionRouter();
     if (connection && router)
@@ -56,11 +51,14 @@ bool ConnectionLayer::handRouterTo(Figure *child, bool added)
     return added;
 }
 
+// Whoever hears that the router goes may delete the connection or the layer.
 bool ConnectionLayer::remove(Figure *child)
 {
+    const LifeGuard<Figure> self(this);
+    const LifeGuard<Figure> guest(child);
     if (auto *connection = qobject_cast<IConnection *>(child))
         connection->setConnectionRouter(nullptr);
-    return FreeformLayer::remove(child);
+    return self.isAlive() && (guest.isAlive() || !child) && FreeformLayer::remove(child);
 }
 
 void ConnectionLayer::render(QPainter *painter, const QStyleOptionViewItem &option)

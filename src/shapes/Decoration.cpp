@@ -1,23 +1,15 @@
 #include <vtlpictel/shapes/Decoration.h>
 
-#include "support/InterfacePointer.h"
-
 #include <vtlpictel/figure/ILocator.h>
 
 #include <QMessageLogger>
 
 namespace Vantrel::Pictel {
 
-class Decoration::LocatorPointer : public InterfacePointer<ILocator>
-{
-public:
-    using InterfacePointer<ILocator>::InterfacePointer;
-};
-
 Decoration::Decoration(Figure *owner, ILocator *locator, QObject *parent)
     : Shape(parent)
     , m_owner(owner)
-    , m_locator(std::make_unique<LocatorPointer>(locator))
+    , m_locator(locator)
 { }
 
 Decoration::Decoration(QObject *parent)
@@ -38,12 +30,12 @@ void Decoration::setOwner(Figure *owner)
 
 ILocator *Decoration::getLocator() const
 {
-    return m_locator->get();
+    return m_locator.get();
 }
 
 void Decoration::setLocator(ILocator *locator)
 {
-    *m_locator = LocatorPointer(locator);
+    m_locator = locator;
 }
 
 QVariant Decoration::getConstraint() const

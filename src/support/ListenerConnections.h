@@ -19,15 +19,15 @@ public:
         m_connections.insert(listener, connection);
     }
 
-    /// Ends all connections of \a listener; false when it had none.
-    bool disconnect(const QObject *listener)
+    /// Ends all connections of \a listener and returns how many there were.
+    int disconnect(const QObject *listener)
     {
         const QList<QMetaObject::Connection> connections = m_connections.values(listener);
         m_connections.remove(listener);
-        bool anyEnded = false;
+        int ended = 0;
         for (const QMetaObject::Connection &connection : connections)
-            anyEnded = QObject::disconnect(connection) || anyEnded;
-        return anyEnded;
+            ended += QObject::disconnect(connection) ? 1 : 0;
+        return ended;
     }
 
 private:

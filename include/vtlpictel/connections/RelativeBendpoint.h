@@ -1,9 +1,9 @@
 #pragma once
 
 #include <vtlpictel/connections/Bendpoint.h>
+#include <vtlpictel/figure/InterfacePointer.h>
 
 #include <QMetaType>
-#include <QPointer>
 #include <QSize>
 
 #include <type_traits>
@@ -62,8 +62,7 @@ public:
 private:
     QPoint mixedLocation(const QPoint &sourceReference, const QPoint &targetReference) const;
 
-    IConnection *m_connection = nullptr;
-    QPointer<QObject> m_connectionGuard;
+    InterfacePointer<IConnection> m_connection;
     float m_weight = 0.5F;
     QSize m_relativeDim1;
     QSize m_relativeDim2;

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <vtlpictel/figure/ILocator.h>
+#include <vtlpictel/figure/InterfacePointer.h>
 #include <vtlpictel/figure/Transposer.h>
 
 #include <QObject>
-#include <QPointer>
 
 class QPoint;
 class QSize;
@@ -49,8 +49,7 @@ private:
     QPoint calculateTopLeft(const QPoint &start, const QPoint &reference, const QSize &size, bool negative) const;
 
     Transposer m_transposer;
-    QPointer<QObject> m_connectionObject;
-    IConnection *m_connection;
+    InterfacePointer<IConnection> m_connection;
     bool m_isEnd;
     int m_uDistance = 14;
     int m_vDistance = 4;

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <vtlpictel/figure/InterfacePointer.h>
 #include <vtlpictel/figure/Locator.h>
 
 #include <QList>
-#include <QPointer>
 
 namespace Vantrel::Pictel {
 
@@ -41,8 +41,7 @@ protected:
     QPoint getReferencePoint() override;
 
 private:
-    QPointer<QObject> m_connectionObject;
-    IConnection *m_connection = nullptr;
+    InterfacePointer<IConnection> m_connection;
     Alignment m_alignment;
 };
 

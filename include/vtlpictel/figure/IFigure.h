@@ -5,6 +5,7 @@
 #include <QList>
 #include <QObject>
 #include <QSize>
+#include <QVariant>
 
 class QColor;
 class QPainter;
@@ -13,7 +14,6 @@ class QPointF;
 class QRect;
 class QRectF;
 class QStyleOptionViewItem;
-class QVariant;
 
 namespace Vantrel::Pictel {
 
@@ -67,7 +67,7 @@ public:
     virtual Layout *getLayoutManager() const = 0;
     virtual Layout *setLayoutManager(Layout *layout) = 0;
     virtual UpdateManager *getUpdateManager() const = 0;
-    virtual bool add(Figure *figure, const QVariant &constraint, int index) = 0;
+    virtual bool add(Figure *figure, const QVariant &constraint = QVariant(), int index = -1) = 0;
     virtual bool add(Figure *figure, unsigned int vStretch, unsigned int hStretch, int index) = 0;
     virtual bool remove(Figure *figure) = 0;
     virtual QList<Figure *> childFigures() = 0;
@@ -77,7 +77,7 @@ public:
     virtual Figure *findFigureAt(int x, int y) const = 0;
     virtual void findFigures(QList<Figure *> &result, const QRect &area, const ITreeSearch &search,
                              bool contained) const = 0;
-    virtual QList<Figure *> findFigures(const QRect &area, bool contained) = 0;
+    virtual QList<Figure *> findFigures(const QRect &area, bool contained = false) = 0;
     virtual Figure *findFigureAtExcluding(int x, int y, const QList<Figure *> &excluded) const = 0;
     virtual bool contains(const QPoint &point) const = 0;
     virtual bool isContained(const QRect &area) const = 0;

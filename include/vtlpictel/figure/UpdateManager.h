@@ -1,9 +1,9 @@
 #pragma once
 
 #include <vtlpictel/figure/IUpdateManager.h>
+#include <vtlpictel/figure/InterfacePointer.h>
 
 #include <QHash>
-#include <QPointer>
 
 #include <list>
 
@@ -62,16 +62,14 @@ private:
     /// Drops the dying \a figure from every living manager.
     static void forgetFigure(Figure *figure);
     void forget(Figure *figure);
+    IFigureViewer *viewerFor(const char *operation) const;
     Figure *takeFirstInvalidFigure();
     void validateInvalidFigures();
 
     UpdateManager *m_nextManager;
     std::list<Figure *> m_invalidFigures;
     QHash<Figure *, std::list<Figure *>::iterator> m_registrations;
-    IFigureViewer *m_viewer = nullptr;
-    // The viewer again, where it is a QObject: tells when it is gone.
-    QPointer<QObject> m_viewerObject;
-    bool m_isViewerGuarded = false;
+    InterfacePointer<IFigureViewer> m_viewer;
     bool m_isUpdating = false;
     bool m_isValidating = false;
 };

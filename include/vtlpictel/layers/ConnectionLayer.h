@@ -1,8 +1,7 @@
 #pragma once
 
+#include <vtlpictel/figure/InterfacePointer.h>
 #include <vtlpictel/layers/FreeformLayer.h>
-
-#include <memory>
 
 namespace Vantrel::Pictel {
 
@@ -40,11 +39,10 @@ public:
     void render(QPainter *painter, const QStyleOptionViewItem &option) override;
 
 private:
-    class RouterPointer;
+    template <typename Addition>
+    bool addConnection(Figure *child, Addition addition);
 
-    bool handRouterTo(Figure *child, bool added);
-
-    std::unique_ptr<RouterPointer> m_connectionRouter;
+    InterfacePointer<IConnectionRouter> m_connectionRouter;
     bool m_antialias = false;
 };
 

@@ -1,9 +1,8 @@
 #pragma once
 
 #include <vtlpictel/figure/IAncestorListener.h>
+#include <vtlpictel/figure/InterfacePointer.h>
 #include <vtlpictel/shapes/Shape.h>
-
-#include <memory>
 
 namespace Vantrel::Pictel {
 
@@ -51,10 +50,8 @@ protected Q_SLOTS:
     void regeneratePath(const QRectF &bounds) override;
 
 private:
-    class LocatorPointer;
-
     QPointer<Figure> m_owner;
-    std::unique_ptr<LocatorPointer> m_locator;
+    InterfacePointer<ILocator> m_locator;
     bool m_managedExternally = false;
 };
 

@@ -5,8 +5,10 @@
 
 namespace Vantrel::Pictel {
 
-/// A pointer to an interface that becomes null when the QObject behind it is destroyed.
-/// An implementer that is no QObject cannot be watched and is trusted to live long enough.
+/// A pointer to an interface that becomes null when the QObject behind it is destroyed; it owns nothing.
+///
+/// It serves classes that refer to an interface without owning the implementer. An implementer that is no QObject
+/// cannot be watched and is trusted to live long enough. Constructing one needs the complete type of the interface.
 template <typename Interface>
 class InterfacePointer
 {
@@ -17,6 +19,7 @@ public:
         , m_watched(m_object != nullptr)
     { }
 
+    /// The interface, or null when there is none or it is gone.
     Interface *get() const { return m_watched && !m_object ? nullptr : m_target; }
     Interface *operator->() const { return get(); }
     explicit operator bool() const { return get() != nullptr; }
