@@ -37,6 +37,10 @@ void DragViewer::mouseMoveEvent(QMouseEvent *event)
 
 void DragViewer::mouseReleaseEvent(QMouseEvent *event)
 {
+    // The scroll range follows a drawing that has grown at the next zoom, and be it to the scale that there is.
+    const QPoint location = getViewLocation();
+    if (m_dragged)
+        setScale(getScale(), &location);
     m_dragged = nullptr;
     event->accept();
 }

@@ -89,8 +89,11 @@ int ExampleApplication::run(FreeformViewer &viewer, FreeformLayeredPane &content
         return writePicture(pictureOf(viewer, content), m_exportFile);
     viewer.widget()->setProperty("backgroundColor", QColor(Qt::white));
     viewer.setXYMargins(margin, margin);
-    viewer.resize(areaOf(content).size() + QSize(margin, margin));
+    const QRect area = areaOf(content);
+    const int frame = 2 * viewer.frameWidth();
+    viewer.resize(area.size() + QSize(frame, frame));
     viewer.show();
-    viewer.scaleToFit();
+    const QPoint topLeft = area.topLeft();
+    viewer.setScale(1.0, &topLeft);
     return exec();
 }
