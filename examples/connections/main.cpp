@@ -20,12 +20,13 @@
 #include <vtlpictel/shapes/PolygonDecoration.h>
 #include <vtlpictel/shapes/PolylineDecoration.h>
 #include <vtlpictel/shapes/Rectangle.h>
+#include <vtlpictel/shapes/TextFigure.h>
 
 using namespace Vantrel::Pictel;
 
 namespace {
 
-const QColor ink("#3d4f60");
+constexpr QColor ink(0x3d, 0x4f, 0x60);
 
 // Neither figures nor layers own anchors: here each belongs to the connection that it serves.
 template <typename ConnectionType>
@@ -49,7 +50,7 @@ DecorationType *decorate(PolylineConnection *connection)
     decoration->setEnabledFGColor(ink);
     decoration->setEnabledBGColor(ink);
     decoration->setLineWidth(2);
-    decoration->setScale(10, 5); // Of a template: the tip lies at (0, 0), and all points between -1 and 1.
+    decoration->setScale(10, 5); // The template is of unit size.
     connection->setTargetDecoration(decoration);
     return decoration;
 }
@@ -57,16 +58,16 @@ DecorationType *decorate(PolylineConnection *connection)
 // The children of a connection are placed by locators, which then belong to its layout.
 void addLabel(Figure *connection, const QString &text, const QColor &color, QObject *locator)
 {
-    auto *label = new TextFigure(text, connection, color == Qt::black ? Qt::white : Qt::transparent);
+    auto *label = new TextFigure(text, connection);
     label->setTextColor(color);
     connection->add(label, QVariant::fromValue(locator));
 }
 
 template <typename ConnectionType>
-void label(ConnectionType *connection, const QString &router, const QString &decoration)
+void addLabels(ConnectionType *connection, const QString &middle, const QString &end)
 {
-    addLabel(connection, router, Qt::black, new ConnectionLocator(connection, ConnectionLocator::MIDDLE));
-    addLabel(connection, decoration, "#1d6fa5", new ConnectionEndpointLocator(connection, true));
+    addLabel(connection, middle, Qt::black, new ConnectionLocator(connection, ConnectionLocator::MIDDLE));
+    addLabel(connection, end, "#1d6fa5", new ConnectionEndpointLocator(connection, true));
 }
 
 } // namespace
@@ -89,7 +90,7 @@ int main(int argc, char *argv[])
     Figure *ellipse = addShape<Ellipse>(figures, QRect(540, 0, 130, 50), yellow, "EllipseAnchor");
     auto *straight = addConnection<PolylineConnection>(lines, new ChopboxAnchor(box), new EllipseAnchor(ellipse));
     decorate<PolygonDecoration>(straight);
-    label(straight, " NullRouter ", "PolygonDecoration");
+    addLabels(straight, " NullRouter ", "PolygonDecoration");
 
     box = addShape<Rectangle>(figures, QRect(0, 90, 130, 50), blue, "ChopboxAnchor");
     ellipse = addShape<Ellipse>(figures, QRect(540, 150, 130, 50), yellow, "EllipseAnchor");
@@ -102,7 +103,7 @@ int main(int argc, char *argv[])
     atTarget.setRelativeDimensions(QSize(), QSize(-200, 0));
     bent->setRoutingConstraint(QVariantList {QVariant::fromValue(atSource), QVariant::fromValue(atTarget)});
     decorate<PolylineDecoration>(bent);
-    label(bent, " BendpointConnectionRouter ", "PolylineDecoration");
+    addLabels(bent, " BendpointConnectionRouter ", "PolylineDecoration");
 
     // One router for several connections keeps them apart.
     auto *manhattan = new ManhattanConnectionRouter(lines);
@@ -112,14 +113,15 @@ int main(int argc, char *argv[])
         auto *angular = addConnection<PolylineConnection>(lines, new ChopboxAnchor(box), new EllipseAnchor(ellipse));
         angular->setConnectionRouter(manhattan);
         auto *diamond = decorate<PolygonDecoration>(angular);
+        // The tip is at (0, 0), the line comes from the left.
         diamond->setTemplate({{0, 0}, {-1, 1}, {-2, 0}, {-1, -1}});
         diamond->setEnabledBGColor(Qt::white);
-        label(angular, " ManhattanConnectionRouter ", "setTemplate()");
+        addLabels(angular, " ManhattanConnectionRouter ", "setTemplate()");
     }
 
     box = addShape<Rectangle>(figures, QRect(0, 450, 130, 50), blue, "ChopboxAnchor");
     auto *loose = addConnection<PolylineFConnection>(lines, new ChopboxAnchor(box), new XYAnchor(QPoint(540, 475)));
-    label(loose, " PolylineFConnection ", "XYAnchor");
+    addLabels(loose, " PolylineFConnection ", "XYAnchor");
 
-    return application.run(viewer, *drawing);
+    return application.run(viewer);
 }

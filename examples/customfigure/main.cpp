@@ -29,7 +29,7 @@ public:
     void turnUp()
     {
         m_percent = m_percent < 100 ? qMin(m_percent + 10, 100) : 0;
-        repaint(); // The look has changed. Had the size, it would take a revalidate().
+        repaint(); // Had the size changed as well, it would take a revalidate(), too.
     }
 
     // The dial is round: what lies under its corners is hit instead. Point and bounds are in the parent's coordinates.
@@ -90,5 +90,5 @@ int main(int argc, char *argv[])
     dials->add(new Dial("Fuel", 35, "#e9b44c", dials), QRect(160, 0, -1, -1));
     dials->add(new Dial("Heat", 90, "#d1495b", dials), QRect(320, 0, -1, -1));
 
-    return application.run(viewer, *drawing);
+    return application.run(viewer);
 }

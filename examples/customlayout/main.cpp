@@ -7,6 +7,7 @@
 #include <vtlpictel/connections/EllipseAnchor.h>
 #include <vtlpictel/connections/PolylineConnection.h>
 #include <vtlpictel/layers/ConnectionLayer.h>
+#include <vtlpictel/layout/Layout.h>
 #include <vtlpictel/shapes/Ellipse.h>
 #include <vtlpictel/viewer/FreeformViewer.h>
 
@@ -36,6 +37,8 @@ protected:
     // The area is in the children's coordinates. True: everything has its place until something changes.
     bool performLayout(const QRect &area) override
     {
+        if (!area.isValid())
+            return false;
         const QList<Figure *> children = childFigures();
         for (qsizetype i = 0; i < children.size(); ++i) {
             QRectF bounds(QPointF(), children[i]->getPreferredSize());
@@ -64,42 +67,41 @@ class NetworkViewer : public FreeformViewer
 public:
     NetworkViewer()
     {
-        setContent(&drawing);
-        drawing.addLayer(figures, "figures");
-        drawing.addLayer(lines, "lines"); // Laid out after the figures, because it lies above them.
-        lines->setAntialias(true);
-        network->setLayoutManager(new RadialLayout(network));
-        figures->add(network, QRect(0, 0, 480, 360));
-        hub = addDevice("Switch", "#f4a259");
+        setContent(m_drawing);
+        m_drawing->addLayer(m_figures, "figures");
+        m_drawing->addLayer(m_lines, "lines"); // Laid out after the figures, because it lies above them.
+        m_lines->setAntialias(true);
+        m_network->setLayoutManager(new RadialLayout(m_network));
+        m_figures->add(m_network, QRect(0, 0, 480, 360));
+        m_hub = addDevice("Switch", "#f4a259");
     }
 
     Figure *addDevice(const QString &name, const QColor &color)
     {
-        auto *device = addShape<Ellipse>(network, {}, color, name);
+        auto *device = addShape<Ellipse>(m_network, {}, color, name);
         device->setMinimumSize({90, 50});
         return device;
     }
 
     void addConnectedDevice(const QString &name)
     {
-        auto *line = new PolylineConnection(lines);
+        auto *line = new PolylineConnection(m_lines);
         line->setEnabledFGColor("#7d8a97");
         line->setLineWidth(2);
-        line->setSourceAnchor(new EllipseAnchor(hub, line));
+        line->setSourceAnchor(new EllipseAnchor(m_hub, line));
         line->setTargetAnchor(new EllipseAnchor(addDevice(name, "#bcd8ec"), line));
-        lines->add(line);
+        m_lines->add(line);
     }
-
-    SmoothPane drawing;
 
 protected:
     void mousePressEvent(QMouseEvent *) override { addConnectedDevice("New"); }
 
 private:
-    FreeformLayer *const figures = new FreeformLayer(&drawing, true);
-    ConnectionLayer *const lines = new ConnectionLayer(&drawing, true);
-    Figure *const network = new Figure(figures, Qt::transparent);
-    Figure *hub = nullptr;
+    SmoothPane *const m_drawing = new SmoothPane(this);
+    FreeformLayer *const m_figures = new FreeformLayer(m_drawing, true);
+    ConnectionLayer *const m_lines = new ConnectionLayer(m_drawing, true);
+    Figure *const m_network = new Figure(m_figures, Qt::transparent);
+    Figure *m_hub = nullptr;
 };
 
 } // namespace
@@ -110,5 +112,5 @@ int main(int argc, char *argv[])
     NetworkViewer viewer;
     for (const char *name : {"Laptop", "Printer", "Phone", "Server", "Camera", "Tablet", "Scanner"})
         viewer.addConnectedDevice(name);
-    return application.run(viewer, viewer.drawing);
+    return application.run(viewer);
 }

@@ -12,6 +12,7 @@
 #include <vtlpictel/layers/ConnectionLayer.h>
 #include <vtlpictel/shapes/PolygonDecoration.h>
 #include <vtlpictel/shapes/RoundedRectangle.h>
+#include <vtlpictel/shapes/TextFigure.h>
 
 #include <QPainterPath>
 
@@ -19,7 +20,7 @@ using namespace Vantrel::Pictel;
 
 namespace {
 
-const QColor ink("#4f6478");
+constexpr QColor ink(0x4f, 0x64, 0x78);
 
 class CurveRouter : public AbstractRouter
 {
@@ -85,10 +86,10 @@ int main(int argc, char *argv[])
     ExampleApplication application(argc, argv, "A custom router: drag the boxes");
     DragViewer viewer;
     auto *drawing = new SmoothPane(&viewer);
-    auto *lines = new ConnectionLayer(drawing, true);
     auto *boxes = new FreeformLayer(drawing, true);
-    drawing->addLayer(lines, "lines");
+    auto *lines = new ConnectionLayer(drawing, true);
     drawing->addLayer(boxes, "boxes");
+    drawing->addLayer(lines, "lines");
     viewer.setContent(drawing);
     viewer.setDragLayer(boxes);
     lines->setAntialias(true);
@@ -106,5 +107,5 @@ int main(int argc, char *argv[])
     connectBoxes(lines, mixer, screen, " HDMI ");
     connectBoxes(lines, mixer, stream, " RTMP ");
 
-    return application.run(viewer, *drawing);
+    return application.run(viewer);
 }

@@ -9,6 +9,7 @@
 #include <vtlpictel/shapes/Polyline.h>
 #include <vtlpictel/shapes/Rectangle.h>
 #include <vtlpictel/shapes/RoundedRectangle.h>
+#include <vtlpictel/shapes/TextFigure.h>
 #include <vtlpictel/viewer/FreeformViewer.h>
 
 #include <QKeyEvent>
@@ -100,5 +101,5 @@ int main(int argc, char *argv[])
     addName(names, {150, 310}, "Park");
     addName(names, {386, 312}, "Station");
 
-    return application.run(viewer, *map);
+    return application.run(viewer);
 }

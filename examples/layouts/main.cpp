@@ -8,6 +8,7 @@
 #include <vtlpictel/figure/RelativeLocator.h>
 #include <vtlpictel/layers/FreeformLayer.h>
 #include <vtlpictel/layout/DelegatingLayout.h>
+#include <vtlpictel/layout/HBoxLayout.h>
 #include <vtlpictel/layout/StackLayout.h>
 #include <vtlpictel/layout/VBoxLayout.h>
 #include <vtlpictel/layout/XYLayout.h>
@@ -15,7 +16,10 @@
 #include <vtlpictel/shapes/LabelFigure.h>
 #include <vtlpictel/shapes/Rectangle.h>
 #include <vtlpictel/shapes/RoundedRectangle.h>
+#include <vtlpictel/shapes/TextFigure.h>
 #include <vtlpictel/viewer/FreeformViewer.h>
+
+#include <QPixmap>
 
 using namespace Vantrel::Pictel;
 
@@ -84,6 +88,7 @@ int main(int argc, char *argv[])
     addShape<RoundedRectangle>(sheet, QRect(222, 4, 150, 60), "#7cc767", "RoundedRectangle");
 
     Figure *area = addPanel<DelegatingLayout>(lower, "DelegatingLayout: where a locator says");
+    // Constraints hold locators as plain objects.
     const auto at = [](RelativeLocator *locator) { return QVariant::fromValue<QObject *>(locator); };
     Figure *box = addShape<Rectangle>(area, at(new RelativeLocator(area, 0.5, 0.5)), "#dccbef", "RelativeLocator");
     box->setMinimumSize(QSize(180, 80));
@@ -93,5 +98,5 @@ int main(int argc, char *argv[])
 
     // A negative size stands for the preferred one at this moment, when everything is there.
     layer->getLayoutManager()->setConstraint(rows, QRect(0, 0, -1, -1));
-    return application.run(viewer, *drawing);
+    return application.run(viewer);
 }

@@ -83,8 +83,10 @@ ExampleApplication::ExampleApplication(int &argc, char **argv, const QString &de
     setApplicationDisplayName(description);
 }
 
-int ExampleApplication::run(FreeformViewer &viewer, FreeformLayeredPane &content)
+int ExampleApplication::run(FreeformViewer &viewer)
 {
+    // Viewers take no other kind of content.
+    auto &content = static_cast<FreeformLayeredPane &>(*viewer.getContent());
     if (!m_exportFile.isNull())
         return writePicture(pictureOf(viewer, content), m_exportFile);
     viewer.widget()->setProperty("backgroundColor", QColor(Qt::white));

@@ -4,7 +4,6 @@
 #include <QString>
 
 namespace Vantrel::Pictel {
-class FreeformLayeredPane;
 class FreeformViewer;
 } // namespace Vantrel::Pictel
 
@@ -17,9 +16,10 @@ public:
     /// \a description is what --help says. With --export and --help the application needs no screen.
     ExampleApplication(int &argc, char **argv, const QString &description);
 
-    /// Shows \a viewer with its \a content, on white, until its window is closed. With --export it writes a picture of
-    /// the content instead. Returns the exit status of the program: 1, and a message on standard error, when it cannot.
-    int run(Vantrel::Pictel::FreeformViewer &viewer, Vantrel::Pictel::FreeformLayeredPane &content);
+    /// Shows \a viewer, which must have a content, on white until its window is closed. With --export it writes a
+    /// picture of the content instead. Returns the exit status of the program: 1, and a message on standard error, when
+    /// it cannot.
+    int run(Vantrel::Pictel::FreeformViewer &viewer);
 
 private:
     QString m_exportFile;
