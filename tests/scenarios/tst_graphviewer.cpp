@@ -426,6 +426,10 @@ void tst_GraphViewer::absurdAnswerIsShownWithoutHarm()
     view.show();
     view.showGraph(*loaded.document);
     QVERIFY(!view.viewport()->grab().isNull());
+    for (const RouterKind router : everyRouter) {
+        view.setRouter(router);
+        QVERIFY(!view.viewport()->grab().isNull());
+    }
     view.zoomAt(16, {200, 150});
     QVERIFY(!view.viewport()->grab().isNull());
     QVERIFY(

@@ -25,6 +25,7 @@ class tst_GraphViewerExport : public PictelTest
 private Q_SLOTS:
     void commandLineWritesPng();
     void commandLineWritesPdf();
+    void commandLineChoosesTheRouter();
     void suffixMayBeUpperCase();
     void helpAndVersionGoToStandardOutput_data();
     void helpAndVersionGoToStandardOutput();
@@ -138,6 +139,30 @@ void tst_GraphViewerExport::commandLineWritesPdf()
     QCOMPARE(pdf.count("/Type /Page\n"), 1);
 }
 
+// The same picture as the window's, and another one for each router.
+void tst_GraphViewerExport::commandLineChoosesTheRouter()
+{
+    const QString graph = sample(QStringLiteral("states.gv"));
+    QList<QImage> pictures;
+    for (const RouterKind kind : everyRouter) {
+        const QString byProgram = out(routerName(kind) + QStringLiteral(".png"));
+        const QString byView = out(routerName(kind) + QStringLiteral("-view.png"));
+        QCOMPARE(
+            run({QStringLiteral("--router"), routerName(kind), QStringLiteral("--export"), byProgram, graph}).status,
+            0);
+        GraphView view;
+        view.setRouter(kind);
+        view.showGraph(*load(graph).document);
+        QCOMPARE(exportPicture(view, byView), QString());
+        QCOMPARE(QImage(byProgram).size(), QImage(byView).size());
+        pictures << QImage(byProgram);
+    }
+    QVERIFY(pictures[0] != pictures[1] && pictures[1] != pictures[2] && pictures[0] != pictures[2]);
+    const QString byDefault = out(QStringLiteral("default.png"));
+    QCOMPARE(run({QStringLiteral("--export"), byDefault, graph}).status, 0);
+    QCOMPARE(QImage(byDefault), pictures[1]);
+}
+
 void tst_GraphViewerExport::suffixMayBeUpperCase()
 {
     const QString file = out(QStringLiteral("RECORDS.PNG"));
@@ -150,6 +175,7 @@ void tst_GraphViewerExport::helpAndVersionGoToStandardOutput_data()
     QTest::addColumn<QString>("option");
     QTest::addColumn<QString>("text");
     QTest::newRow("help") << QStringLiteral("--help") << QStringLiteral("--export <out>");
+    QTest::newRow("help on routers") << QStringLiteral("--help") << QStringLiteral("--router <router>");
     QTest::newRow("short help") << QStringLiteral("-h") << QStringLiteral("Usage:");
     QTest::newRow("version") << QStringLiteral("--version") << QStringLiteral("graphviewer 0.");
 }
@@ -180,6 +206,10 @@ void tst_GraphViewerExport::wrongCommandLineEndsWithStatusTwo_data()
                                     << QStringLiteral("must end in .png or .pdf");
     QTest::newRow("timeout is a word") << QStringList {option, png, QStringLiteral("--timeout=soon"), graph}
                                        << QStringLiteral("The timeout must be a number of seconds.");
+    QTest::newRow("unknown router") << QStringList {option, png, QStringLiteral("--router=orthogonal"), graph}
+                                    << QStringLiteral("The router must be straight, bendpoint or manhattan.");
+    QTest::newRow("empty router") << QStringList {option, png, QStringLiteral("--router="), graph}
+                                  << QStringLiteral("The router must be straight, bendpoint or manhattan.");
     QTest::newRow("timeout before now") << QStringList {option, png, QStringLiteral("--timeout=-1"), graph}
                                         << QStringLiteral("The timeout must be a number of seconds.");
 }
