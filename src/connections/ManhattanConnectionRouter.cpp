@@ -5,12 +5,14 @@
 #include <vtlpictel/figure/IConnection.h>
 
 #include "connections/ConnectionWatch_p.h"
+#include "connections/LineSet_p.h"
 #include "connections/PointConversion_p.h"
 #include "connections/SegmentPlan_p.h"
 #include "support/WrappingArithmetic.h"
 
 #include <algorithm>
 #include <limits>
+#include <typeinfo>
 
 namespace Vantrel::Pictel {
 
@@ -28,20 +30,32 @@ namespace Vantrel::Pictel {
 //      one moves to the free line nearest to its position, which it reserves for the connection.
 //
 // Figures in the way are not avoided, and routes already made do not move when a line becomes free. A search tries even
-// lines only, nearest first, never farther than the neighbouring parallel segments, and stops at the first free one:
-// it is bounded by the lines in use, however large the coordinates are.
+// lines only, nearest first, never farther than the neighbouring parallel segments, and stops at the first free one.
+// Runs of used lines are jumped over, unless a subclass may have a say about each single one.
 
 const Ray ManhattanConnectionRouter::UP(0, -1);
 const Ray ManhattanConnectionRouter::DOWN(0, 1);
 const Ray ManhattanConnectionRouter::LEFT(-1, 0);
 const Ray ManhattanConnectionRouter::RIGHT(1, 0);
 
-// What tells rows from columns in the search for a free line.
+struct ManhattanConnectionRouter::UsedLines
+{
+    LineSet rows;
+    LineSet columns;
+};
+
+// What tells rows from columns.
 struct ManhattanConnectionRouter::LineKind
 {
     bool (ManhattanConnectionRouter::*usable)(IConnection *, int) const;
-    void (ManhattanConnectionRouter::*reserve)(IConnection *, int);
+    LineSet UsedLines::*used;
+    QSet<int> Reservation::*reserved;
 };
+
+const ManhattanConnectionRouter::LineKind ManhattanConnectionRouter::rowKind {&ManhattanConnectionRouter::rowUsable,
+                                                                              &UsedLines::rows, &Reservation::rows};
+const ManhattanConnectionRouter::LineKind ManhattanConnectionRouter::columnKind {
+    &ManhattanConnectionRouter::colUsable, &UsedLines::columns, &Reservation::columns};
 
 namespace {
 
@@ -81,10 +95,69 @@ int nextOffset(int offset)
     return offset > 0 ? -offset : 2 - offset;
 }
 
+struct FoundLine
+{
+    int line;
+    bool isFree;
+};
+
+// The line beside the bound at which a search for a free line ended.
+FoundLine besideLower(int candidate)
+{
+    return {wrappingAdd(candidate, 2), false};
+}
+
+FoundLine besideUpper(int candidate)
+{
+    return {candidate - 2, false};
+}
+
+// Asks isUsable about each candidate in turn.
+template <typename Usable>
+FoundLine searchEachLine(int proposed, const SearchBounds &bounds, Usable isUsable)
+{
+    for (int offset = 0; qAbs(offset) < proposed; offset = nextOffset(offset)) {
+        const int candidate = proposed + offset;
+        if (isUsable(candidate))
+            return {candidate, true};
+        if (candidate <= bounds.lower)
+            return besideLower(candidate);
+        if (candidate >= bounds.upper)
+            return besideUpper(candidate);
+    }
+    return {proposed, false};
+}
+
+// In steps of two; none when the distance is negative.
+qint64 distanceInSteps(qint64 distance)
+{
+    return distance > 0 ? (distance + 1) / 2 * 2 : 0;
+}
+
+// What searchEachLine() finds where only the lines in use matter. On either side the search ends at the first free line
+// or at the first used one on or beyond the bound; the nearer of the two ends it, the upper one first. On the proposed
+// line itself the lower bound comes first.
+FoundLine searchRuns(int proposed, const SearchBounds &bounds, const LineSet &used)
+{
+    const qint64 freeAbove = used.firstFreeFrom(proposed) - proposed;
+    const qint64 freeBelow = proposed - used.lastFreeUpTo(proposed);
+    const qint64 above = std::min(freeAbove, distanceInSteps(bounds.upper - proposed));
+    const qint64 below = std::min(freeBelow, distanceInSteps(proposed - bounds.lower));
+    if (std::min(above, below) >= proposed)
+        return {proposed, false};
+    if (above <= below && (below > 0 || freeAbove == 0)) {
+        const int candidate = static_cast<int>(proposed + above);
+        return above == freeAbove ? FoundLine {candidate, true} : besideUpper(candidate);
+    }
+    const int candidate = static_cast<int>(proposed - below);
+    return below == freeBelow ? FoundLine {candidate, true} : besideLower(candidate);
+}
+
 } // namespace
 
 ManhattanConnectionRouter::ManhattanConnectionRouter(QObject *parent)
     : AbstractRouter(parent)
+    , m_used(std::make_unique<UsedLines>())
 { }
 
 ManhattanConnectionRouter::~ManhattanConnectionRouter() = default;
@@ -120,12 +193,12 @@ Ray ManhattanConnectionRouter::getStartDirection(IConnection *connection)
 
 bool ManhattanConnectionRouter::rowUsable(IConnection *, int row) const
 {
-    return !m_used.rows.contains(row);
+    return !m_used->rows.contains(row);
 }
 
 bool ManhattanConnectionRouter::colUsable(IConnection *, int column) const
 {
-    return !m_used.columns.contains(column);
+    return !m_used->columns.contains(column);
 }
 
 void ManhattanConnectionRouter::invalidate(IConnection *connection)
@@ -162,30 +235,32 @@ QList<QPointF> ManhattanConnectionRouter::doRouteF(IConnection *connection)
 
 void ManhattanConnectionRouter::reserveRow(IConnection *connection, int row)
 {
-    reserve(connection, row, &Lines::rows);
+    reserve(connection, row, rowKind);
 }
 
 void ManhattanConnectionRouter::reserveColumn(IConnection *connection, int column)
 {
-    reserve(connection, column, &Lines::columns);
+    reserve(connection, column, columnKind);
 }
 
 bool ManhattanConnectionRouter::isRowReservedBy(IConnection *connection, int row) const
 {
-    return isReservedBy(connection, row, &Lines::rows);
+    return isReservedBy(connection, row, rowKind);
 }
 
 bool ManhattanConnectionRouter::isColumnReservedBy(IConnection *connection, int column) const
 {
-    return isReservedBy(connection, column, &Lines::columns);
+    return isReservedBy(connection, column, columnKind);
 }
 
 void ManhattanConnectionRouter::removeReservedLines(IConnection *connection)
 {
     const Reservation reservation = m_reserved.take(connection);
     disconnect(reservation.watch);
-    m_used.rows.subtract(reservation.rows);
-    m_used.columns.subtract(reservation.columns);
+    for (int row : reservation.rows)
+        m_used->rows.remove(row);
+    for (int column : reservation.columns)
+        m_used->columns.remove(column);
 }
 
 QList<QPoint> ManhattanConnectionRouter::processPositions(const Ray &start, const Ray &end, const QList<int> &positions,
@@ -213,15 +288,12 @@ QList<QPoint> ManhattanConnectionRouter::processPositions(const Ray &start, cons
 
 int ManhattanConnectionRouter::getRowNear(IConnection *connection, int row, int before, int after)
 {
-    static constexpr LineKind rows {&ManhattanConnectionRouter::rowUsable, &ManhattanConnectionRouter::reserveRow};
-    return getLineNear(connection, row, before, after, rows);
+    return getLineNear(connection, row, before, after, rowKind);
 }
 
 int ManhattanConnectionRouter::getColumnNear(IConnection *connection, int column, int before, int after)
 {
-    static constexpr LineKind columns {&ManhattanConnectionRouter::colUsable,
-                                       &ManhattanConnectionRouter::reserveColumn};
-    return getLineNear(connection, column, before, after, columns);
+    return getLineNear(connection, column, before, after, columnKind);
 }
 
 // Lines that are not positive are taken as they are, and so is the one beside a bound when all before it are in use.
@@ -229,19 +301,21 @@ int ManhattanConnectionRouter::getLineNear(IConnection *connection, int line, in
                                            const LineKind &kind)
 {
     const int proposed = proposedLine(line);
+    if (proposed <= 0)
+        return proposed;
     const SearchBounds bounds = boundsOfSearch(line, before, after);
-    for (int offset = 0; qAbs(offset) < proposed; offset = nextOffset(offset)) {
-        const int candidate = proposed + offset;
-        if ((this->*kind.usable)(connection, candidate)) {
-            (this->*kind.reserve)(connection, candidate);
-            return candidate;
-        }
-        if (candidate <= bounds.lower)
-            return wrappingAdd(candidate, 2);
-        if (candidate >= bounds.upper)
-            return candidate - 2;
-    }
-    return proposed;
+    const auto isUsable = [&](int candidate) { return (this->*kind.usable)(connection, candidate); };
+    const FoundLine found = asksSubclass() ? searchEachLine(proposed, bounds, isUsable)
+                                           : searchRuns(proposed, bounds, (*m_used).*kind.used);
+    if (found.isFree)
+        reserve(connection, found.line, kind);
+    return found.line;
+}
+
+// Only a subclass can make usable depend on more than the lines in use.
+bool ManhattanConnectionRouter::asksSubclass() const
+{
+    return typeid(*this) != typeid(ManhattanConnectionRouter);
 }
 
 ManhattanConnectionRouter::Reservation &ManhattanConnectionRouter::reservationOf(IConnection *connection)
@@ -253,18 +327,18 @@ ManhattanConnectionRouter::Reservation &ManhattanConnectionRouter::reservationOf
     return m_reserved[connection];
 }
 
-void ManhattanConnectionRouter::reserve(IConnection *connection, int line, QSet<int> Lines::*lines)
+void ManhattanConnectionRouter::reserve(IConnection *connection, int line, const LineKind &kind)
 {
     if (!connection)
         return;
-    (reservationOf(connection).*lines).insert(line);
-    (m_used.*lines).insert(line);
+    (reservationOf(connection).*kind.reserved).insert(line);
+    ((*m_used).*kind.used).insert(line);
 }
 
-bool ManhattanConnectionRouter::isReservedBy(IConnection *connection, int line, QSet<int> Lines::*lines) const
+bool ManhattanConnectionRouter::isReservedBy(IConnection *connection, int line, const LineKind &kind) const
 {
     const auto reservation = m_reserved.constFind(connection);
-    return reservation != m_reserved.cend() && ((*reservation).*lines).contains(line);
+    return reservation != m_reserved.cend() && ((*reservation).*kind.reserved).contains(line);
 }
 
 // An anchor on no figure gets the box of two by two pixels whose lower right corner is the point.

@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QSet>
 
+#include <memory>
+
 QT_BEGIN_NAMESPACE
 class QRect;
 QT_END_NAMESPACE
@@ -75,26 +77,27 @@ protected:
                                    IConnection *connection);
 
 private:
-    struct Lines
+    struct Reservation
     {
         QSet<int> rows;
         QSet<int> columns;
-    };
-    struct Reservation : Lines
-    {
         QMetaObject::Connection watch;
     };
+    struct UsedLines;
     struct LineKind;
+    static const LineKind rowKind;
+    static const LineKind columnKind;
 
     int getRowNear(IConnection *connection, int row, int before, int after);
     int getColumnNear(IConnection *connection, int column, int before, int after);
     int getLineNear(IConnection *connection, int line, int before, int after, const LineKind &kind);
+    bool asksSubclass() const;
     Reservation &reservationOf(IConnection *connection);
-    void reserve(IConnection *connection, int line, QSet<int> Lines::*lines);
-    bool isReservedBy(IConnection *connection, int line, QSet<int> Lines::*lines) const;
+    void reserve(IConnection *connection, int line, const LineKind &kind);
+    bool isReservedBy(IConnection *connection, int line, const LineKind &kind) const;
     Ray directionOut(const IConnectionAnchor *anchor, const QPoint &point);
 
-    Lines m_used;
+    std::unique_ptr<UsedLines> m_used;
     QHash<IConnection *, Reservation> m_reserved;
 };
 
