@@ -136,7 +136,12 @@ public:
         widget->update(area.translated(widget->mapFrom(m_viewer.viewport(), QPoint(0, 0))));
     }
 
-    void paint() override { m_watch.wait(); }
+    // Validating before painting, not during it, lets what that moves be painted in the same go.
+    void paint() override
+    {
+        routePending();
+        m_watch.wait();
+    }
 
     std::optional<int> figureAt(const QPoint &point) override
     {

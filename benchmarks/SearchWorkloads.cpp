@@ -40,6 +40,8 @@ Objection proveSearch(int count, Finds finds)
 {
     StageSet &set = StageSet::of(Show::Grid, count);
     const std::vector<QPoint> places = randomPlaces(set.scene());
+    // The library's layers reach as far as their content from the first look at it on.
+    set.closeUp();
     for (const Contestant contestant : searchers) {
         for (std::size_t place = 0; place < ProvenPlaces; ++place) {
             if (!finds(set, contestant, places[place]))

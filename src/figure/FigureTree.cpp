@@ -58,17 +58,34 @@ void Figure::releaseChildren()
 
 void Figure::leaveHolders()
 {
-    const QVarLengthArray<Layout *, 1> holders = m_holders;
-    for (Layout *holder : holders) {
-        if (m_holders.contains(holder))
-            holder->forget(this);
+    const QVarLengthArray<Holder, 1> holders = m_holders;
+    for (const Holder &holder : holders) {
+        if (slotIn(holder.layout) >= 0)
+            holder.layout->forget(this);
     }
 }
 
 void Figure::tellHolders()
 {
-    for (Layout *holder : std::as_const(m_holders))
-        holder->childChanged(this);
+    for (const Holder &holder : std::as_const(m_holders))
+        holder.layout->childChanged(this);
+}
+
+// The number by which the layout keeps this figure, or -1.
+int Figure::slotIn(const Layout *layout) const
+{
+    for (const Holder &holder : m_holders) {
+        if (holder.layout == layout)
+            return holder.slot;
+    }
+    return -1;
+}
+
+int Figure::leave(const Layout *layout)
+{
+    const int slot = slotIn(layout);
+    m_holders.removeIf([layout](const Holder &holder) { return holder.layout == layout; });
+    return slot;
 }
 
 // Calls visit for every child from bottom to top; children that leave or die meanwhile are skipped, and the walk ends
@@ -129,8 +146,8 @@ bool Figure::isSelfOrAncestorOf(const Figure *other) const
     const Figure *parent = other->m_parentFigure;
     if (parent && isSelfOrAncestorOf(parent))
         return true;
-    for (const Layout *holder : std::as_const(other->m_holders)) {
-        const Figure *container = holder->getFigure();
+    for (const Holder &holder : std::as_const(other->m_holders)) {
+        const Figure *container = holder.layout->getFigure();
         if (container && container != parent && isSelfOrAncestorOf(container))
             return true;
     }

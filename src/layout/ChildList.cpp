@@ -1,5 +1,7 @@
 #include "layout/ChildList_p.h"
 
+#include <utility>
+
 namespace Vantrel::Pictel {
 
 const QList<Figure *> &ChildList::figures()
@@ -8,74 +10,111 @@ const QList<Figure *> &ChildList::figures()
     return m_ordered;
 }
 
-void ChildList::insert(Figure *child, int index)
+int ChildList::insert(Figure *child, int index)
 {
-    Entry &entry = m_entries[child];
-    if (index < 0 || index >= count() - 1) {
+    const bool isOnTop = index < 0 || index >= count();
+    const int slot = takeSlot();
+    m_slots.insert(child, slot);
+    Entry &entry = entryAt(slot);
+    entry.child = child;
+    m_recentSlot = slot;
+    if (isOnTop) {
         entry.place = m_ordered.size();
         m_ordered.append(child);
-        return;
+        return slot;
     }
     closeHoles();
     entry.place = index;
     m_ordered.insert(index, child);
+    return slot;
 }
 
-void ChildList::remove(const Figure *child)
+int ChildList::takeSlot()
 {
-    const auto found = m_entries.find(child);
-    if (found == m_entries.end())
-        return;
-    if (m_ordered.value(found->second.place) != child)
+    if (m_freeSlots.empty()) {
+        m_entries.emplace_back();
+        return static_cast<int>(m_entries.size()) - 1;
+    }
+    const int slot = m_freeSlots.back();
+    m_freeSlots.pop_back();
+    return slot;
+}
+
+int ChildList::remove(const Figure *child)
+{
+    const int slot = slotOf(child);
+    if (slot < 0)
+        return slot;
+    if (m_ordered.value(entryAt(slot).place) != child)
         renumber();
-    const qsizetype place = found->second.place;
-    m_entries.erase(found);
+    const qsizetype place = std::exchange(entryAt(slot), Entry()).place;
+    m_slots.remove(child);
+    m_freeSlots.push_back(slot);
     ++m_departures;
     if (place == m_ordered.size() - 1) {
         m_ordered.removeLast();
-        return;
+        return slot;
     }
     m_ordered[place] = nullptr;
     ++m_holes;
+    return slot;
 }
 
 QList<Figure *> ChildList::takeAll()
 {
     const QList<Figure *> all = figures();
     m_departures += static_cast<quint64>(all.size());
+    m_recentSlot = -1;
+    m_slots.clear();
+    m_freeSlots.clear();
     m_entries.clear();
     m_ordered.clear();
     constraintObjects.clear();
     return all;
 }
 
+void ChildList::recall(const Figure *child, int slot) const
+{
+    Q_ASSERT(m_slots.value(child, -1) == slot);
+    m_recentSlot = slot;
+}
+
+int ChildList::slotOf(const Figure *child) const
+{
+    if (m_recentSlot < 0 || entryAt(m_recentSlot).child != child || !child)
+        m_recentSlot = m_slots.value(child, -1);
+    return m_recentSlot;
+}
+
+const ChildList::Entry *ChildList::entryOf(const Figure *child) const
+{
+    const int slot = slotOf(child);
+    return slot < 0 ? nullptr : &entryAt(slot);
+}
+
 void ChildList::setHelper(const Figure *child, const Layout::LayoutHelper &helper)
 {
-    const auto found = m_entries.find(child);
-    if (found != m_entries.end())
-        found->second.helper = helper;
+    if (Entry *entry = entryOf(child))
+        entry->helper = helper;
 }
 
 Layout::LayoutHelper *ChildList::helper(const Figure *child)
 {
-    const auto found = m_entries.find(child);
-    if (found == m_entries.end() || !found->second.helper)
-        return nullptr;
-    return &*found->second.helper;
+    Entry *entry = entryOf(child);
+    return entry && entry->helper ? &*entry->helper : nullptr;
 }
 
 void ChildList::dropHelper(const Figure *child)
 {
-    const auto found = m_entries.find(child);
-    if (found != m_entries.end())
-        found->second.helper.reset();
+    if (Entry *entry = entryOf(child))
+        entry->helper.reset();
 }
 
 void ChildList::renumber()
 {
     for (qsizetype place = 0; place < m_ordered.size(); ++place) {
-        if (m_ordered.at(place))
-            m_entries[m_ordered.at(place)].place = place;
+        if (const Figure *child = m_ordered.at(place))
+            entryAt(m_slots.value(child)).place = place;
     }
 }
 
@@ -85,7 +124,6 @@ void ChildList::closeHoles()
         return;
     m_ordered.removeAll(nullptr);
     m_holes = 0;
-    renumber();
 }
 
 } // namespace Vantrel::Pictel

@@ -5,6 +5,8 @@
 #include <vtlpictel/figure/Figure.h>
 #include <vtlpictel/layout/FreeformLayout.h>
 
+#include <QHash>
+
 #include <algorithm>
 #include <utility>
 
@@ -16,29 +18,46 @@ ExtentIndex::ExtentIndex(FreeformLayout &layout)
 
 QRect ExtentIndex::extent()
 {
-    const QSet<Figure *> due = std::exchange(m_due, {}).unite(std::exchange(m_unsteady, {}));
-    for (Figure *child : due) {
-        if (m_slots.contains(child))
-            ask(child);
+    for (const Question &question : takeQuestions()) {
+        if (childAt(question.slot).figure == question.figure)
+            ask(question);
     }
     const QRect whole = m_contributions.whole();
     return whole.isNull() ? lastNullContribution() : whole;
 }
 
-void ExtentIndex::childAdded(Figure *child)
+// Whoever becomes due from now on is asked the next time.
+std::vector<ExtentIndex::Question> ExtentIndex::takeQuestions()
 {
-    m_slots.insert(child, m_contributions.takeSlot());
-    m_due.insert(child);
+    std::vector<Question> questions = std::exchange(m_due, {});
+    for (const Question &question : questions)
+        childAt(question.slot).isDue = false;
+    for (const Question &question : std::exchange(m_unsteady, {})) {
+        if (std::exchange(childAt(question.slot).isUnsteady, false))
+            questions.push_back(question);
+    }
+    return questions;
 }
 
-void ExtentIndex::childRemoved(Figure *child)
+void ExtentIndex::childAdded(Figure *child, int slot)
 {
-    m_contributions.giveBackSlot(m_slots.take(child));
+    if (static_cast<std::size_t>(slot) >= m_children.size())
+        m_children.resize(static_cast<std::size_t>(slot) + 1);
+    m_contributions.provide(slot);
+    childAt(slot).figure = child;
+    childChanged(slot);
 }
 
-void ExtentIndex::childChanged(Figure *child)
+void ExtentIndex::childRemoved(int slot)
 {
-    m_due.insert(child);
+    m_contributions.set(slot, QRect());
+    childAt(slot) = Child();
+}
+
+void ExtentIndex::childChanged(int slot)
+{
+    if (!std::exchange(childAt(slot).isDue, true))
+        m_due.push_back({childAt(slot).figure, slot});
 }
 
 void ExtentIndex::childDestroyed()
@@ -47,30 +66,34 @@ void ExtentIndex::childDestroyed()
 }
 
 // The child's answer may come from an override that takes children out, this one included.
-void ExtentIndex::ask(Figure *child)
+void ExtentIndex::ask(const Question &question)
 {
+    const auto [child, slot] = question;
     const QVariant constraint = m_layout.getConstraint(child);
     const bool counts = isRectConstraint(constraint) && child->isVisible();
     const QRect asked = counts ? toRect(constraint) : QRect();
     const QRect contribution = counts ? child->resolveBounds(asked) : QRect();
-    const auto slot = m_slots.constFind(child);
-    if (slot == m_slots.cend())
+    if (childAt(slot).figure != child)
         return;
-    m_contributions.set(*slot, contribution);
-    if (counts && (!asked.isValid() || contribution != asked))
-        m_unsteady.insert(child);
+    m_contributions.set(slot, contribution);
+    const bool isUnsteady = counts && (!asked.isValid() || contribution != asked);
+    if (isUnsteady && !std::exchange(childAt(slot).isUnsteady, true))
+        m_unsteady.push_back(question);
 }
 
 // QRect::united() of null rectangles is the last one, which may have a place although it has no size. Only unsteady
 // children contribute null rectangles.
 QRect ExtentIndex::lastNullContribution() const
 {
-    if (m_unsteady.isEmpty())
+    QHash<Figure *, int> unsteadySlots;
+    for (const Question &question : m_unsteady)
+        unsteadySlots.insert(question.figure, question.slot);
+    if (unsteadySlots.isEmpty())
         return QRect();
     const QList<Figure *> children = m_layout.childFigures();
     const auto last = std::find_if(children.crbegin(), children.crend(),
-                                   [this](Figure *child) { return m_unsteady.contains(child); });
-    return last == children.crend() ? QRect() : m_contributions.at(m_slots.value(*last));
+                                   [&unsteadySlots](Figure *child) { return unsteadySlots.contains(child); });
+    return last == children.crend() ? QRect() : m_contributions.at(unsteadySlots.value(*last));
 }
 
 } // namespace Vantrel::Pictel

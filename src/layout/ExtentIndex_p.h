@@ -3,8 +3,7 @@
 #include "layout/LayoutChildObserver_p.h"
 #include "layout/UnionTree_p.h"
 
-#include <QHash>
-#include <QSet>
+#include <vector>
 
 namespace Vantrel::Pictel {
 
@@ -16,7 +15,7 @@ class FreeformLayout;
 /// and has such a constraint; otherwise it has none. The extent is the union of the contributions in the order of the
 /// children, the result of a plain loop over them.
 ///
-/// 1. Every child owns a slot of a UnionTree, which holds the contribution last seen.
+/// 1. Every child's slot is also one of a UnionTree, which holds the contribution last seen.
 /// 2. A child that was added, got another constraint or was shown or hidden is due: the next extent() asks it anew.
 /// 3. A child whose contribution may change without any of these stays due: its constraint is not a valid rectangle,
 ///    so that its preferred size enters, or it resolves valid rectangles to others.
@@ -31,22 +30,37 @@ public:
     /// The extent in the children's coordinates, without the container's border.
     QRect extent();
 
-    void childAdded(Figure *child) override;
-    void childRemoved(Figure *child) override;
-    void childChanged(Figure *child) override;
+    void childAdded(Figure *child, int slot) override;
+    void childRemoved(int slot) override;
+    void childChanged(int slot) override;
     /// Has the layout examine its extent, as removing the child would.
     void childDestroyed() override;
 
 private:
-    void ask(Figure *child);
+    struct Child
+    {
+        Figure *figure = nullptr;
+        bool isDue = false;
+        bool isUnsteady = false;
+    };
+    struct Question
+    {
+        Figure *figure;
+        int slot;
+    };
+
+    Child &childAt(int slot) { return m_children[static_cast<std::size_t>(slot)]; }
+    void ask(const Question &question);
+    std::vector<Question> takeQuestions();
     QRect lastNullContribution() const;
 
     FreeformLayout &m_layout;
     UnionTree m_contributions;
-    QHash<Figure *, int> m_slots;
-    // Both may still hold children that have left; those have no slot any more.
-    QSet<Figure *> m_due;
-    QSet<Figure *> m_unsteady;
+    // By slot; without a figure while nobody has it.
+    std::vector<Child> m_children;
+    // Slots to ask; some may have changed hands.
+    std::vector<Question> m_due;
+    std::vector<Question> m_unsteady;
 };
 
 } // namespace Vantrel::Pictel

@@ -4,6 +4,7 @@
 #include "layout/LayoutChildObserver_p.h"
 #include "layout/LocatorConstraint_p.h"
 #include "support/LifeGuard.h"
+#include "support/ReadAhead.h"
 
 #include <vtlpictel/figure/Figure.h>
 #include <vtlpictel/layout/ILayoutListener.h>
@@ -93,10 +94,10 @@ bool Layout::insertChild(Figure *child, int index)
     Figure *container = m_figure;
     if (!container || !child || holds(child) || child->isSelfOrAncestorOf(container))
         return false;
-    m_children->insert(child, index);
-    child->m_holders.append(this);
+    const int slot = m_children->insert(child, index);
+    child->m_holders.append({this, slot});
     if (m_childObserver)
-        m_childObserver->childAdded(child);
+        m_childObserver->childAdded(child, slot);
     child->setParentFigure(container);
     return true;
 }
@@ -262,10 +263,12 @@ void Layout::findDescendantFigures(QList<Figure *> &result, const QRect &area, c
 Figure *Layout::findDescendantAtExcluding(int x, int y, const ITreeSearch &search) const
 {
     const QList<Figure *> children = childFigures();
-    for (auto child = children.crbegin(); child != children.crend(); ++child) {
-        if (!*child || !(*child)->isVisible())
+    for (qsizetype place = children.size() - 1; place >= 0; --place) {
+        readAhead(children, place - ReadAheadDistance);
+        const Figure *child = children.at(place);
+        if (!child || !child->isVisible())
             continue;
-        if (Figure *found = (*child)->findFigureAt(x, y, search))
+        if (Figure *found = child->findFigureAt(x, y, search))
             return found;
     }
     return nullptr;
@@ -384,6 +387,13 @@ unsigned int Layout::totalStretch(quint32 LayoutHelper::*stretch) const
     return total;
 }
 
+void Layout::recall(const Figure *child) const
+{
+    const int slot = child->slotIn(this);
+    if (slot >= 0)
+        m_children->recall(child, slot);
+}
+
 bool Layout::holds(const Figure *child) const
 {
     return m_children->contains(child);
@@ -394,7 +404,9 @@ void Layout::forEachChild(const std::function<void(Figure *)> &visit) const
     const LifeGuard<Layout> self(this);
     const QList<Figure *> children = childFigures();
     const quint64 before = departures();
-    for (Figure *child : children) {
+    for (qsizetype place = 0; place < children.size(); ++place) {
+        readAhead(children, place + ReadAheadDistance);
+        Figure *child = children.at(place);
         const bool left = departures() != before && !holds(child);
         if (child && !left)
             visit(child);
@@ -406,6 +418,8 @@ void Layout::forEachChild(const std::function<void(Figure *)> &visit) const
 // Listeners may come and go during a notification: those that have gone are not called.
 void Layout::notifyListeners(const std::function<void(ILayoutListener *)> &notify)
 {
+    if (m_listeners.isEmpty())
+        return;
     const LifeGuard<Layout> self(this);
     const QList<ILayoutListener *> listeners = m_listeners;
     for (ILayoutListener *listener : listeners) {
@@ -423,16 +437,17 @@ quint64 Layout::departures() const
 
 void Layout::childChanged(Figure *child)
 {
-    if (m_childObserver)
-        m_childObserver->childChanged(child);
+    const int slot = m_childObserver ? m_children->slotOf(child) : -1;
+    if (slot >= 0)
+        m_childObserver->childChanged(slot);
 }
 
 void Layout::takeOut(Figure *child)
 {
-    m_children->remove(child);
-    child->m_holders.removeOne(this);
-    if (m_childObserver)
-        m_childObserver->childRemoved(child);
+    const int slot = m_children->remove(child);
+    child->leave(this);
+    if (m_childObserver && slot >= 0)
+        m_childObserver->childRemoved(slot);
 }
 
 // The child is in its destructor: only the books are put right and the container laid out anew.
@@ -452,9 +467,9 @@ void Layout::releaseAll()
     const QList<QObject *> objects = m_children->constraintObjects.uniqueKeys();
     const QList<Figure *> children = m_children->takeAll();
     for (Figure *child : children) {
-        child->m_holders.removeOne(this);
-        if (m_childObserver)
-            m_childObserver->childRemoved(child);
+        const int slot = child->leave(this);
+        if (m_childObserver && slot >= 0)
+            m_childObserver->childRemoved(slot);
     }
     for (QObject *object : objects) {
         disconnect(object, &QObject::destroyed, this, &Layout::constraintObjectDestroyed);

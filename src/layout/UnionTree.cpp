@@ -2,22 +2,13 @@
 
 namespace Vantrel::Pictel {
 
-int UnionTree::takeSlot()
+void UnionTree::provide(int slot)
 {
-    if (!m_freeSlots.empty()) {
-        const int slot = m_freeSlots.back();
-        m_freeSlots.pop_back();
-        return slot;
-    }
-    if (static_cast<std::size_t>(m_slotCount) == capacity())
-        grow();
-    return m_slotCount++;
-}
-
-void UnionTree::giveBackSlot(int slot)
-{
-    set(slot, QRect());
-    m_freeSlots.push_back(slot);
+    std::size_t needed = qMax<std::size_t>(capacity(), 1);
+    while (needed <= static_cast<std::size_t>(slot))
+        needed *= 2;
+    if (needed > capacity())
+        growTo(needed);
 }
 
 void UnionTree::set(int slot, const QRect &rect)
@@ -39,10 +30,9 @@ bool UnionTree::unite(std::size_t node)
     return true;
 }
 
-void UnionTree::grow()
+void UnionTree::growTo(std::size_t grown)
 {
     const std::size_t old = capacity();
-    const std::size_t grown = old == 0 ? 1 : 2 * old;
     std::vector<QRect> nodes(2 * grown);
     for (std::size_t slot = 0; slot < old; ++slot)
         nodes[grown + slot] = m_nodes[old + slot];

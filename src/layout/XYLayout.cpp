@@ -85,6 +85,7 @@ void XYLayout::childMoved(Figure *pFigure)
         return;
     const LifeGuard<Layout> self(this);
     const LifeGuard<Figure> child(pFigure);
+    recall(pFigure);
     ++m_nestedMoves;
     const bool changed = followMove(pFigure);
     if (!self.isAlive())

@@ -277,7 +277,16 @@ private:
     friend class FreeformWidget;
     friend class Layout;
 
+    /// A layout that lists this figure as a child, and the number by which it keeps it.
+    struct Holder
+    {
+        Layout *layout;
+        int slot;
+    };
+
     void setUpdateManager(UpdateManager *manager);
+    int slotIn(const Layout *layout) const;
+    int leave(const Layout *layout);
     bool isSelfOrAncestorOf(const Figure *other) const;
     void tellHolders();
     void leaveHolders();
@@ -298,25 +307,26 @@ private:
     void paintClientArea(QPainter *painter, PassOption &pass, const QRect &clientArea, const QRect &area);
     void paintHighlight(QPainter *painter, const QStyleOptionViewItem &option, const QRect &clientArea) const;
 
+    // First what painting and hit test look at to pass a figure by: they look at many.
+    QRect m_bounds;
+    unsigned int m_flags = FLAG_VISIBLE | FLAG_ENABLED;
+    int m_margin = 0;
     QPointer<Figure> m_parentFigure;
     QPointer<Layout> m_layout;
     QPointer<Border> m_border;
     QSize m_minimumSize {-1, -1};
     QSize m_maximumSize {0x7ffffff, 0x7ffffff};
     QSize m_preferredSize;
-    int m_margin = 0;
-    QRect m_bounds;
-    unsigned int m_flags = FLAG_VISIBLE | FLAG_ENABLED;
     QColor m_backgroundColor;
     QPointer<Figure> m_tooltip;
-    Qt::Orientations m_expandingDirections;
     QPointer<UpdateManager> m_updateManager;
     QPointer<AncestorHelper> m_ancestorHelper;
     std::unique_ptr<FigureListeners> m_listeners;
-    bool m_clientAreaHighlighted = false;
+    Qt::Orientations m_expandingDirections;
     int m_highlightStyle = 1;
+    bool m_clientAreaHighlighted = false;
     // The layouts that list this figure as a child: one, unless it was added to several parents.
-    QVarLengthArray<Layout *, 1> m_holders;
+    QVarLengthArray<Holder, 1> m_holders;
 };
 
 } // namespace Vantrel::Pictel

@@ -141,6 +141,8 @@ protected:
     unsigned int getVTotalStretch() const;
     /// Lets a subclass hear of every change to a child; null ends it. Not owned.
     void setChildObserver(LayoutChildObserver *observer) { m_childObserver = observer; }
+    /// Announces look-ups of \a child, which must be alive: they need no search then.
+    void recall(const Figure *child) const;
     /// True when \a child is one of the children: a test in constant time that does not touch the figure.
     bool holds(const Figure *child) const;
     /// Calls \a visit for every child, bottom to top. Children that leave or die meanwhile are skipped, and the walk

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QList>
+
+namespace Vantrel::Pictel {
+
+/// How many objects further on is far enough for the memory to answer in time.
+constexpr qsizetype ReadAheadDistance = 8;
+
+/// Asks the memory for what a walk over many objects is about to look at, the first 128 bytes of an object further on.
+/// A walk that only glances at each object otherwise mostly waits. \a place may lie outside of the list.
+template <typename Object>
+inline void readAhead(const QList<Object *> &objects, qsizetype place)
+{
+#if defined(__GNUC__)
+    if (place < 0 || place >= objects.size())
+        return;
+    const char *object = reinterpret_cast<const char *>(objects.at(place));
+    __builtin_prefetch(object);
+    __builtin_prefetch(object + 64);
+#else
+    Q_UNUSED(objects)
+    Q_UNUSED(place)
+#endif
+}
+
+} // namespace Vantrel::Pictel
