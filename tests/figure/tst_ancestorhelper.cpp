@@ -1,97 +1,15 @@
+#include "figure/AncestorProbes.h"
 #include "support/TestMain.h"
 
 #include <vtlpictel/figure/AncestorHelper.h>
-#include <vtlpictel/figure/Figure.h>
-#include <vtlpictel/figure/IAncestorListener.h>
 
 #include <QSignalSpy>
 
-#include <functional>
 #include <memory>
 
 using namespace Vantrel::Pictel;
 
 namespace {
-
-/// A figure that tells who listens to it.
-class ObservedFigure : public Figure
-{
-public:
-    explicit ObservedFigure(const QString &name, QObject *parent = nullptr)
-        : Figure(parent)
-    {
-        setObjectName(name);
-    }
-
-    /// How many slots are connected to the moves, the end and the properties of this figure.
-    QList<int> observers() const
-    {
-        return {receivers(SIGNAL(figureMoved(Figure *))), receivers(SIGNAL(destroyed(QObject *))),
-                receivers(SIGNAL(propertyChanged(const QString &, const QVariant &, const QVariant &)))};
-    }
-
-    void move() { setBounds(getBounds().isValid() ? getBounds().translated(1, 1) : QRect(0, 0, 10, 10)); }
-};
-
-const QList<int> observed {1, 1, 1};
-const QList<int> unobserved {0, 0, 0};
-
-/// Figure, parent and grandparent, and a second tree of the same height.
-struct Families
-{
-    Families()
-    {
-        figure.setParentFigure(&parent);
-        parent.setParentFigure(&grandparent);
-        newParent.setParentFigure(&newGrandparent);
-    }
-
-    ObservedFigure grandparent {QStringLiteral("grandparent")};
-    ObservedFigure parent {QStringLiteral("parent")};
-    ObservedFigure newGrandparent {QStringLiteral("new grandparent")};
-    ObservedFigure newParent {QStringLiteral("new parent")};
-    ObservedFigure figure {QStringLiteral("figure")};
-};
-
-/// Logs what it hears as "moved <figure>", and acts on it when told to.
-class AncestorListener : public QObject, public IAncestorListener
-{
-    Q_OBJECT
-    Q_INTERFACES(Vantrel::Pictel::IAncestorListener)
-
-public:
-    QStringList take() { return std::exchange(m_calls, {}); }
-
-    std::function<void()> actOnAddition;
-    std::function<void()> actOnRemoval;
-
-public Q_SLOTS:
-    void ancestorAdded(Figure *ancestor) override
-    {
-        note("added", ancestor);
-        act(actOnAddition);
-    }
-    void ancestorMoved(Figure *ancestor) override { note("moved", ancestor); }
-    void ancestorRemoved(Figure *ancestor) override
-    {
-        note("removed", ancestor);
-        act(actOnRemoval);
-    }
-
-private:
-    /// Once only: the action may lead to the same event.
-    static void act(std::function<void()> &action)
-    {
-        if (action)
-            std::exchange(action, nullptr)();
-    }
-    void note(const char *event, const Figure *ancestor)
-    {
-        m_calls << QStringLiteral("%1 %2").arg(QLatin1String(event), ancestor->objectName());
-    }
-
-    QStringList m_calls;
-};
 
 /// Opens what a helper keeps protected and logs the walks that it makes.
 class OpenHelper : public AncestorHelper
@@ -162,12 +80,6 @@ private Q_SLOTS:
     void helperMayOutliveItsFigure();
     void brokenChainIsNotBuiltAgain();
     void deletedListenerIsForgotten();
-
-    void listenerMayDeleteTheFigureOnRemoval();
-    void listenerMayDeleteTheFigureOnAddition();
-    void listenerMayDeleteTheNewParent();
-    void listenerMayMoveTheFigureOn();
-    void earlierListenerMayMoveTheFigureOn();
 };
 
 void tst_AncestorHelper::isAPropertyChangeListener()
@@ -561,78 +473,6 @@ void tst_AncestorHelper::deletedListenerIsForgotten()
     doomed.reset();
     families.parent.move();
     QCOMPARE(listener.take(), QStringList({QStringLiteral("moved parent")}));
-}
-
-void tst_AncestorHelper::listenerMayDeleteTheFigureOnRemoval()
-{
-    Families families;
-    auto figure = std::make_unique<ObservedFigure>(QStringLiteral("figure"));
-    figure->setParentFigure(&families.parent);
-    AncestorListener listener;
-    listener.actOnRemoval = [&] { figure.reset(); };
-    figure->addAncestorListener(&listener);
-    families.parent.setParentFigure(&families.newParent);
-    QCOMPARE(figure.get(), nullptr);
-    QCOMPARE(listener.take(), QStringList({QStringLiteral("removed grandparent")}));
-    QCOMPARE(families.newParent.observers(), unobserved);
-}
-
-void tst_AncestorHelper::listenerMayDeleteTheFigureOnAddition()
-{
-    Families families;
-    auto figure = std::make_unique<ObservedFigure>(QStringLiteral("figure"));
-    figure->setParentFigure(&families.parent);
-    AncestorListener listener;
-    listener.actOnAddition = [&] { figure.reset(); };
-    figure->addAncestorListener(&listener);
-    families.parent.setParentFigure(&families.newParent);
-    QCOMPARE(figure.get(), nullptr);
-    QCOMPARE(families.newParent.observers(), unobserved);
-}
-
-void tst_AncestorHelper::listenerMayDeleteTheNewParent()
-{
-    Families families;
-    auto newParent = std::make_unique<ObservedFigure>(QStringLiteral("short-lived"));
-    AncestorListener listener;
-    listener.actOnRemoval = [&] { newParent.reset(); };
-    families.figure.addAncestorListener(&listener);
-    families.figure.setParentFigure(newParent.get());
-    QCOMPARE(newParent.get(), nullptr);
-    QCOMPARE(listener.take(), QStringList({QStringLiteral("removed parent")}));
-    QCOMPARE(families.figure.observers(), observed);
-}
-
-void tst_AncestorHelper::listenerMayMoveTheFigureOn()
-{
-    Families families;
-    ObservedFigure passedBy(QStringLiteral("passed by"));
-    AncestorListener listener;
-    listener.actOnRemoval = [&] { families.figure.setParentFigure(&families.newParent); };
-    families.figure.addAncestorListener(&listener);
-    families.figure.setParentFigure(&passedBy);
-    QCOMPARE(passedBy.observers(), unobserved);
-    QCOMPARE(families.parent.observers(), unobserved);
-    QCOMPARE(families.figure.observers(), observed);
-    QCOMPARE(families.newParent.observers(), observed);
-    QCOMPARE(families.newGrandparent.observers(), observed);
-}
-
-void tst_AncestorHelper::earlierListenerMayMoveTheFigureOn()
-{
-    Families families;
-    ObservedFigure passedBy(QStringLiteral("passed by"));
-    connect(&families.figure, &Figure::propertyChanged, this, [&] {
-        if (families.figure.getParentFigure() == &passedBy)
-            families.figure.setParentFigure(&families.newParent);
-    });
-    AncestorListener listener;
-    families.figure.addAncestorListener(&listener);
-    families.figure.setParentFigure(&passedBy);
-    QCOMPARE(passedBy.observers(), unobserved);
-    QCOMPARE(families.parent.observers(), unobserved);
-    QCOMPARE(families.newParent.observers(), observed);
-    QCOMPARE(families.newGrandparent.observers(), observed);
 }
 
 PICTEL_TEST_MAIN(tst_AncestorHelper)
