@@ -1,3 +1,5 @@
+#pragma once
+
 // The operations that both connection classes have in common, word for word. A source file that includes this one has
 // named before, in namespace Vantrel::Pictel: Connection, the class; Line, its base; toLinePoints(), which converts
 // points to those of the line; and routeLine(), which has a router compute them.
