@@ -1,0 +1,1 @@
+#include <vtlpictel/figure/InterfacePointer.h>
