@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QPalette>
 
+#include <algorithm>
 #include <cmath>
 
 namespace GraphViewer {
@@ -98,7 +99,7 @@ void EdgeConnection::addLabel(const Drawing &drawing)
     add(label, QVariant::fromValue<QObject *>(locator));
     label->setBounds(rect);
     label->fill(drawing);
-    m_labels << locator;
+    m_labels << Label {label, locator};
 }
 
 void EdgeConnection::setLane(int lane, int count, double spacing)
@@ -119,13 +120,19 @@ void EdgeConnection::setHighlighted(bool highlighted)
     repaint();
 }
 
+bool EdgeConnection::crosses(const QRectF &area) const
+{
+    const auto isThere = [&](const Label &label) { return area.intersects(label.figure->getBounds()); };
+    return m_track.crosses(area) || std::any_of(m_labels.begin(), m_labels.end(), isThere);
+}
+
 // Route
 
 void EdgeConnection::setRouting(const Routing &routing)
 {
     m_routing = routing;
-    for (LabelLocator *label : std::as_const(m_labels))
-        label->setPlace(routing.labelCourse, m_laneFraction);
+    for (const Label &label : std::as_const(m_labels))
+        label.locator->setPlace(routing.labelCourse, m_laneFraction);
     setConnectionRouter(routing.router);
     setRoutingConstraint(routing.bendpoints.isEmpty() ? QVariant() : QVariant(routing.bendpoints));
 }

@@ -7,9 +7,12 @@
 
 #include <vtlpictel/connections/PolylineConnection.h>
 
+#include <functional>
+
 namespace GraphViewer {
 
 class ArrowDecoration;
+class DrawnFigure;
 class LabelLocator;
 
 /// An edge of the graph: a connection between two nodes with Graphviz's arrows and labels.
@@ -45,6 +48,12 @@ public:
     /// How far to the right of the middle it runs then, seen from its tail.
     double laneOffset() const { return m_laneOffset; }
 
+    /// Sets what says how much a label of the edge would cover, besides its own line, in that area.
+    void setLabelHarm(const std::function<int(const QRectF &)> &harm) { m_labelHarm = harm; }
+    int harmOfLabel(const QRectF &label) const { return m_labelHarm ? m_labelHarm(label) : 0; }
+    /// Whether its line or a label lies in \a area.
+    bool crosses(const QRectF &area) const;
+    bool hasLabels() const { return !m_labels.isEmpty(); }
     /// Where Graphviz let it run.
     const QPainterPath &course() const { return m_edge.course; }
 
@@ -67,6 +76,12 @@ protected:
     void drawShape(QPainter *painter, const QStyleOptionViewItem &option) const override;
 
 private:
+    struct Label
+    {
+        DrawnFigure *figure;
+        LabelLocator *locator;
+    };
+
     ArrowDecoration *makeArrow(const Arrow &arrow);
     void addLabel(const Drawing &drawing);
     void applyBends();
@@ -83,7 +98,8 @@ private:
     Routing m_routing;
     ArrowDecoration *m_tailArrow = nullptr;
     ArrowDecoration *m_headArrow = nullptr;
-    QList<LabelLocator *> m_labels;
+    QList<Label> m_labels;
+    std::function<int(const QRectF &)> m_labelHarm;
     double m_begin = 0.0; // the part of the track that the line is drawn on
     double m_end = 0.0;
     bool m_hasLane = false;

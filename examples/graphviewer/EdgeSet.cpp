@@ -2,11 +2,11 @@
 
 #include "BendpointFit.h"
 #include "EdgeConnection.h"
+#include "EdgeLayer.h"
 #include "Element.h"
 #include "NodeAnchors.h"
 
 #include <vtlpictel/connections/XYAnchor.h>
-#include <vtlpictel/layers/ConnectionLayer.h>
 
 #include <QLineF>
 
@@ -57,7 +57,7 @@ double laneSpacing(Element &tail, Element &head, qsizetype count)
 
 } // namespace
 
-EdgeSet::EdgeSet(ConnectionLayer &layer)
+EdgeSet::EdgeSet(EdgeLayer &layer)
     : m_layer(layer)
 {
     m_layer.setConnectionRouter(m_routers.router(m_kind));
@@ -75,6 +75,11 @@ void EdgeSet::add(const Edge &edge, Element *tail, Element *head)
     const End start = endOf(course, 0, ahead, edge.tailPort || isLoop);
     const End end = endOf(course, length, length - ahead, edge.headPort || isLoop);
     connection->connectEnds(anchorFor(tail, start, connection), anchorFor(head, end, connection));
+    connection->setLabelHarm([this, connection](const QRectF &label) { return harmOfLabel(connection, label); });
+    if (tail && edge.tailCluster < 0)
+        m_nodes << tail;
+    if (head && edge.headCluster < 0)
+        m_nodes << head;
     connection->setBends(fitBends(*connection, edge.course, edge.angular));
     const QPainterPath square = isLoop ? squareLoop(edge.course, tail->getBounds()) : QPainterPath();
     m_members.append({connection, tail, head, square, fitBends(*connection, square, true), edge.angular});
@@ -136,6 +141,25 @@ void EdgeSet::setRouter(RouterKind kind)
     m_layer.setConnectionRouter(m_routers.router(kind));
     for (const Member &member : std::as_const(m_members))
         route(member);
+    m_layer.layOut();
+    // Labels know where the others are only when all of them have found their ways.
+    for (const Member &member : std::as_const(m_members)) {
+        if (member.edge->hasLabels())
+            member.edge->revalidate();
+    }
+    m_layer.layOut();
+}
+
+// A node hides what lies beneath it.
+int EdgeSet::harmOfLabel(const EdgeConnection *edge, const QRectF &label) const
+{
+    constexpr int hiddenByNode = 10;
+    int harm = 0;
+    for (Element *node : m_nodes)
+        harm += label.intersects(node->getBounds()) ? hiddenByNode : 0;
+    for (const Member &member : m_members)
+        harm += member.edge != edge && member.edge->crosses(label) ? 1 : 0;
+    return harm;
 }
 
 } // namespace GraphViewer

@@ -6,16 +6,12 @@
 #include <QHash>
 #include <QPainterPath>
 #include <QPair>
-
-namespace Vantrel::Pictel {
-class AbstractConnectionAnchor;
-class ConnectionLayer;
-class ConnectionAnchorBase;
-} // namespace Vantrel::Pictel
+#include <QSet>
 
 namespace GraphViewer {
 
 class EdgeConnection;
+class EdgeLayer;
 class Element;
 struct Edge;
 
@@ -26,7 +22,7 @@ class EdgeSet
 {
 public:
     /// \a layer must outlive the set and owns the edges.
-    explicit EdgeSet(Vantrel::Pictel::ConnectionLayer &layer);
+    explicit EdgeSet(EdgeLayer &layer);
 
     /// Adds an edge between two elements, which are in their places. An end without element stays where Graphviz put
     /// it.
@@ -34,6 +30,7 @@ public:
     /// Gives the edges between the same two elements a lane each; call it when all edges are there.
     void assignLanes();
 
+    /// Takes effect at once.
     void setRouter(RouterKind kind);
     /// Whether bendpoints of this edge, which may be null, can be changed now.
     bool isBendable(const EdgeConnection *edge) const { return edge && m_kind == RouterKind::Bendpoint; }
@@ -55,11 +52,13 @@ private:
     static QPair<Element *, Element *> pairOf(const Member &member);
     void assignLanes(const QList<int> &members);
     void route(const Member &member);
+    int harmOfLabel(const EdgeConnection *edge, const QRectF &label) const;
 
-    Vantrel::Pictel::ConnectionLayer &m_layer;
+    EdgeLayer &m_layer;
     EdgeRouters m_routers;
     RouterKind m_kind = RouterKind::Bendpoint;
     QList<Member> m_members;
+    QSet<Element *> m_nodes; ///< Those at the ends of edges.
 };
 
 } // namespace GraphViewer

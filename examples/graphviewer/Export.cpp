@@ -30,14 +30,15 @@ bool hasSuffix(const QString &file, const char *suffix)
     return file.endsWith(QLatin1String(suffix), Qt::CaseInsensitive);
 }
 
-// While it lives, the view makes pictures: their area has its own margin, so the view's is taken away, and the paper is
-// part of them.
+// While it lives, the view makes pictures: their area has its own margin, so the view's is taken away, the paper is
+// part of them, and the highlight is not.
 class PictureMode
 {
 public:
     explicit PictureMode(GraphView &view)
         : m_view(view)
     {
+        m_view.clearHover();
         m_view.setXYMargins(0, 0);
         m_view.scene()->setPaperPrinted(true);
     }

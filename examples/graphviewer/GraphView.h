@@ -51,6 +51,9 @@ public:
     /// Lays the edges of this graph and of those to come with that router. Bendpoints are kept for its return.
     void setRouter(RouterKind kind);
 
+    /// Takes the highlight away, for pictures, until the pointer moves again.
+    void clearHover() { setHovered(nullptr); }
+
     /// Sets the scale so that the content under \a at (viewport pixels) stays there.
     void zoomAt(double scale, const QPointF &at);
 

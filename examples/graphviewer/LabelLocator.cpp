@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace GraphViewer {
 
@@ -60,16 +61,13 @@ QPointF LabelLocator::centerAt(const Place &place) const
     return track.at(place.distance) + aside + direction * m_along;
 }
 
-bool LabelLocator::hidesLine(const Place &place) const
+// How much a label there would cover: nothing is worse than its own line.
+int LabelLocator::harmOf(const Place &place) const
 {
-    constexpr double step = 2;
+    constexpr int ownLine = 1000;
     QRectF label = m_label;
     label.moveCenter(centerAt(place));
-    for (double distance = 0; distance < m_edge.track().length(); distance += step) {
-        if (label.contains(m_edge.track().at(distance)))
-            return true;
-    }
-    return false;
+    return (m_edge.track().crosses(label) ? ownLine : 0) + m_edge.harmOfLabel(label);
 }
 
 // The places beside the segments of the route, the longest first.
@@ -77,31 +75,37 @@ QList<LabelLocator::Place> LabelLocator::freePlaces(const QList<QPoint> &points)
 {
     constexpr double widestGap = 8;
     const QList<QPointF> corners = cornersOf({points.begin(), points.end()});
-    QList<QPair<double, double>> segments; // the negative length, for the order, and the distance
+    QList<QPair<double, double>> segments; // the negative length, for the order, and the distance of its start
     double done = 0;
     for (qsizetype i = 0; i + 1 < corners.size(); ++i) {
         const double length = QLineF(corners[i], corners[i + 1]).length();
-        segments << qMakePair(-length, done + length * *m_freePlace);
+        segments << qMakePair(-length, done);
         done += length;
     }
     std::sort(segments.begin(), segments.end());
     QList<Place> places;
-    for (const auto &segment : std::as_const(segments)) {
-        for (const double side : {m_side, -m_side})
-            places << Place {segment.second, side, qMin(m_gap, widestGap)};
+    for (const double part : {*m_freePlace, 0.3, 0.7}) {
+        for (const auto &[length, start] : std::as_const(segments)) {
+            for (const double side : {m_side, -m_side})
+                places << Place {start - length * part, side, qMin(m_gap, widestGap)};
+        }
     }
     return places;
 }
 
 LabelLocator::Place LabelLocator::placeBeside(const QList<QPoint> &points) const
 {
-    const Place own {m_fraction * m_edge.track().length(), m_side, m_gap};
+    Place best {m_fraction * m_edge.track().length(), m_side, m_gap};
+    int leastHarm = std::numeric_limits<int>::max();
     const QList<Place> places = m_freePlace ? freePlaces(points) : QList<Place>();
     for (const Place &place : places) {
-        if (!hidesLine(place))
-            return place;
+        const int harm = leastHarm > 0 ? harmOf(place) : leastHarm;
+        if (harm < leastHarm) {
+            leastHarm = harm;
+            best = place;
+        }
     }
-    return places.isEmpty() ? own : places.first();
+    return best;
 }
 
 QPoint LabelLocator::getLocation(QList<QPoint> points)

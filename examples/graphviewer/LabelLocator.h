@@ -20,7 +20,8 @@ public:
     LabelLocator(EdgeConnection &edge, const QRectF &label);
 
     /// Keeps the place that the label has in the file beside \a course. With an empty one, a label that does not belong
-    /// to an end stands close to that part, 0 to 1, of the longest segment of the route.
+    /// to an end stands close to the line, where it hides least: if it can, at that part, 0 to 1, of the longest
+    /// segment.
     void setPlace(const QPainterPath &course, double fraction);
 
 protected:
@@ -39,7 +40,7 @@ private:
     void takePlace(const Track &course);
     bool isAtEnd() const { return m_fraction < 0.2 || m_fraction > 0.8; }
     QPointF centerAt(const Place &place) const;
-    bool hidesLine(const Place &place) const;
+    int harmOf(const Place &place) const;
     QList<Place> freePlaces(const QList<QPoint> &points) const;
     Place placeBeside(const QList<QPoint> &points) const;
 

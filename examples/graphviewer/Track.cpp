@@ -1,6 +1,7 @@
 #include "Track.h"
 
 #include <QTransform>
+#include <QtMath>
 
 #include <algorithm>
 #include <cmath>
@@ -146,6 +147,23 @@ Track::Nearest Track::nearestTo(const QPointF &point) const
             nearest = {m_distances[i] + fraction * line.length(), gap};
     }
     return nearest;
+}
+
+bool Track::crosses(const QRectF &area) const
+{
+    constexpr double step = 2;
+    if (!m_points.boundingRect().adjusted(-1, -1, 1, 1).intersects(area))
+        return false;
+    for (qsizetype i = 0; i + 1 < m_points.size(); ++i) {
+        const QLineF line = segment(i);
+        const QRectF reach = QRectF(line.p1(), line.p2()).normalized().adjusted(-1, -1, 1, 1);
+        const int steps = reach.intersects(area) ? qCeil(line.length() / step) : -1;
+        for (int at = 0; at <= steps; ++at) {
+            if (area.contains(line.pointAt(double(at) / qMax(1, steps))))
+                return true;
+        }
+    }
+    return false;
 }
 
 QPolygonF Track::piece(double from, double to) const

@@ -38,6 +38,8 @@ public:
     /// The unit vector of the direction in which the track runs there; null on a track without length.
     QPointF directionAt(double distance) const;
     Nearest nearestTo(const QPointF &point) const;
+    /// Whether some of the track lies in \a area.
+    bool crosses(const QRectF &area) const;
     /// The part from one distance to another; empty when there is nothing between them.
     QPolygonF piece(double from, double to) const;
     /// Likewise, moved sideways by \a offset: to the right of the direction, seen with y growing downwards.

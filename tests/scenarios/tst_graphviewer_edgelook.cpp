@@ -22,6 +22,8 @@ private Q_SLOTS:
 
     void labelsFollowTheirLines_data() { addRouters(); }
     void labelsFollowTheirLines();
+    void labelsKeepClearOfOtherEdges_data() { addRouters(); }
+    void labelsKeepClearOfOtherEdges();
 
 private:
     void drawList(const QByteArray &color);
@@ -153,6 +155,20 @@ void tst_GraphViewerEdgeLook::labelsFollowTheirLines()
         QVERIFY(edge->track().nearestTo(label.center()).gap < reach + 15);
         for (double at = 0; at < edge->track().length(); at += 2)
             QVERIFY(!label.adjusted(3, 3, -3, -3).contains(edge->track().at(at)));
+    }
+}
+
+void tst_GraphViewerEdgeLook::labelsKeepClearOfOtherEdges()
+{
+    show(sample(QStringLiteral("states.gv")));
+    useRouter();
+    const QList<EdgeConnection *> all = edges();
+    for (EdgeConnection *edge : all) {
+        for (DrawnFigure *label : childrenOf<DrawnFigure>(*edge)) {
+            const QRectF area = QRectF(label->getBounds()).adjusted(4, 4, -4, -4);
+            for (const EdgeConnection *other : all)
+                QVERIFY2(!other->track().crosses(area), qPrintable(edge->name() + u'|' + other->name()));
+        }
     }
 }
 

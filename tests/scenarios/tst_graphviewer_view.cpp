@@ -1,3 +1,4 @@
+#include "Export.h"
 #include "GraphViewerTest.h"
 
 #include <vtlpictel/shapes/PolylineF.h>
@@ -7,6 +8,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QLabel>
+#include <QMimeData>
 #include <QNativeGestureEvent>
 #include <QPointingDevice>
 #include <QScrollBar>
@@ -50,6 +52,7 @@ private Q_SLOTS:
     void edgeUnderThePointerIsHighlightedAndNamed();
     void cornerOfAnEllipseIsNotTheNode();
     void nothingIsHighlightedWhenThePointerLeaves();
+    void picturesHaveNoHighlight();
 
     void gridIsPaintedOnDemand();
     void antialiasingIsOptional();
@@ -385,6 +388,18 @@ void tst_GraphViewerView::nothingIsHighlightedWhenThePointerLeaves()
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(view().viewport(), &leave);
     QVERIFY(!customer->isClientAreaHighlighted());
+}
+
+void tst_GraphViewerView::picturesHaveNoHighlight()
+{
+    QMimeData plain;
+    QCOMPARE(copyPicture(view(), plain), QString());
+    Element *cart = node(view(), QStringLiteral("cart (Shopping cart)"));
+    hover(middleOf(view(), cart));
+    QTRY_VERIFY(cart->isClientAreaHighlighted());
+    QMimeData hovered;
+    QCOMPARE(copyPicture(view(), hovered), QString());
+    QCOMPARE(qvariant_cast<QImage>(hovered.imageData()), qvariant_cast<QImage>(plain.imageData()));
 }
 
 // Looks
