@@ -29,7 +29,7 @@ private:
 };
 
 /// Figures nested in relative and non-relative parents, with the offset of each from absolute coordinates
-/// kept apart from what the figures themselves say.
+/// worked out apart from what the figures themselves say of it.
 class FigureNest
 {
 public:
@@ -48,8 +48,9 @@ public:
         m_layouts.push_back(std::make_unique<PlainLayout>(relative));
         container->setLayoutManager(m_layouts.back().get());
         container->setMargin(margin);
-        const QPoint own = relative ? bounds.topLeft() + QPoint(margin, margin) : QPoint();
-        m_childOffsets[container] = offsetOf(container) + own;
+        m_containers.push_back(container);
+        if (relative)
+            m_margins[container] = margin;
         return container;
     }
 
@@ -67,17 +68,30 @@ public:
     {
         if (parent)
             parent->add(figure);
-        m_offsets[figure] = m_childOffsets.value(parent);
+        m_parents[figure] = parent;
     }
 
     /// What has to be added to coordinates in the system of the figure's bounds to make them absolute.
-    QPoint offsetOf(const Figure *figure) const { return m_offsets.value(figure); }
+    QPoint offsetOf(const Figure *figure) const
+    {
+        QPoint offset;
+        for (Figure *parent = m_parents.value(figure); parent; parent = m_parents.value(parent)) {
+            const int margin = m_margins.value(parent);
+            if (m_margins.contains(parent))
+                offset += parent->getBounds().topLeft() + QPoint(margin, margin);
+        }
+        return offset;
+    }
+
+    const std::vector<Figure *> &containers() const { return m_containers; }
 
 private:
     std::vector<std::unique_ptr<PlainLayout>> m_layouts;
     std::vector<std::unique_ptr<Figure>> m_figures;
-    QHash<const Figure *, QPoint> m_offsets;
-    QHash<const Figure *, QPoint> m_childOffsets;
+    std::vector<Figure *> m_containers;
+    QHash<const Figure *, Figure *> m_parents;
+    /// Of those containers whose children are relative to them.
+    QHash<const Figure *, int> m_margins;
 };
 
 /// Seeded numbers; the seed is the data row of the test, so that a failure names it.

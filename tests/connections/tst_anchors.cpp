@@ -1,6 +1,7 @@
 #include "support/TestMain.h"
 
 #include "FigureNest.h"
+#include "FixedBoxAnchor.h"
 
 #include <vtlpictel/connections/ChopboxAnchor.h>
 #include <vtlpictel/connections/EllipseAnchor.h>
@@ -9,7 +10,6 @@
 
 #include <QTest>
 
-#include <cmath>
 #include <limits>
 #include <memory>
 
@@ -37,21 +37,6 @@ public:
     using ChopboxAnchor::getBox;
 };
 
-class FixedBoxAnchor : public ChopboxAnchor
-{
-public:
-    FixedBoxAnchor(Figure *owner, const QRect &box)
-        : ChopboxAnchor(owner)
-        , m_box(box)
-    { }
-
-protected:
-    QRect getBox() override { return m_box; }
-
-private:
-    QRect m_box;
-};
-
 class DeafListener : public IAnchorListener
 {
 public:
@@ -69,59 +54,6 @@ std::shared_ptr<ConnectionAnchorBase> makeAnchorOn(Figure *owner)
 std::shared_ptr<ConnectionAnchorBase> makeXYAnchor(Figure *)
 {
     return std::make_shared<XYAnchor>(QPoint(7, -9));
-}
-
-// Restated from the definition of the anchors, apart from the library.
-
-int roundedHalfAway(double value)
-{
-    return int(value < 0 ? std::ceil(value - 0.5) : std::floor(value + 0.5));
-}
-
-QPoint choppedBox(QRect box, const QPoint &offset, const QPoint &reference)
-{
-    box = QRect(box.x() - 1 + offset.x(), box.y() - 1 + offset.y(), box.width() + 1, box.height() + 1);
-    const float centerX = float(box.x() + box.width() * 0.5);
-    const float centerY = float(box.y() + box.height() * 0.5);
-    const QPoint center {int(centerX), int(centerY)};
-    if (box.width() <= 0 || box.height() <= 0 || reference == center)
-        return center;
-    const float dx = float(reference.x()) - centerX;
-    const float dy = float(reference.y()) - centerY;
-    float scale = std::fabs(dy) / float(box.height());
-    if (std::fabs(dx) / float(box.width()) > scale)
-        scale = std::fabs(dx) / float(box.width());
-    const float f = float(0.5 / double(scale));
-    const float x = f * dx + centerX;
-    const float y = f * dy + centerY;
-    return {roundedHalfAway(double(x)), roundedHalfAway(double(y))};
-}
-
-QPoint cutEllipse(const QRect &bounds, const QPoint &offset, const QPoint &reference)
-{
-    const double left = bounds.x() + offset.x();
-    const double top = bounds.y() + offset.y();
-    const double width = bounds.width();
-    const double height = bounds.height();
-    const double dx = reference.x() - (left + width / 2);
-    const double dy = reference.y() - (top + height / 2);
-    if (dx == 0)
-        return {reference.x(), roundedHalfAway(dy > 0 ? top + height : top)};
-    if (dy == 0)
-        return {roundedHalfAway(dx > 0 ? left + width : left), reference.y()};
-    const double k = width * dy / (height * dx);
-    const double x = width * (dx > 0 ? 0.5 : -0.5) / std::sqrt(k * k + 1);
-    const double y = height * (dy > 0 ? 0.5 : -0.5) / std::sqrt(1 / (k * k) + 1);
-    return {roundedHalfAway(x + left + width / 2), roundedHalfAway(y + top + height / 2)};
-}
-
-QString describe(const QRect &bounds, const QPoint &offset, const QPoint &reference, const QPoint &actual,
-                 const QPoint &expected)
-{
-    QString text;
-    QDebug(&text) << "bounds" << bounds << "offset" << offset << "reference" << reference << "gave" << actual
-                  << "instead of" << expected;
-    return text;
 }
 
 } // namespace
@@ -148,7 +80,6 @@ class tst_Anchors : public PictelTest
 private:
     static void addAnchors();
     static void addFigureAnchors();
-    static void addSeeds();
     static void move(Figure &figure) { figure.setBounds(figure.getBounds().translated(1, 0)); }
 
 private Q_SLOTS:
@@ -205,8 +136,6 @@ private Q_SLOTS:
     void chopboxUsesTheBoxOfItsSubclass();
     void chopboxAnchorsWithSameOwnerAndBoxAreEqual();
     void chopboxAtTheLimitsOfIntegers();
-    void chopboxFollowsItsDefinition_data() { addSeeds(); }
-    void chopboxFollowsItsDefinition();
 
     void ellipseWithoutOwnerWarns();
     void ellipseLocation_data();
@@ -214,8 +143,6 @@ private Q_SLOTS:
     void ellipseReferencePointIsTheRoundedCenter();
     void ellipseWithoutExtentIsItsCenter();
     void ellipseAtTheLimitsOfIntegers();
-    void ellipseFollowsItsDefinition_data() { addSeeds(); }
-    void ellipseFollowsItsDefinition();
 
     void xyAnchorIsWhereItIsPut();
     void xyAnchorHasNoOwner();
@@ -233,13 +160,6 @@ void tst_Anchors::addFigureAnchors()
     QTest::addColumn<AnchorFactory>("make");
     QTest::newRow("chopbox") << AnchorFactory(&makeAnchorOn<ChopboxAnchor>);
     QTest::newRow("ellipse") << AnchorFactory(&makeAnchorOn<EllipseAnchor>);
-}
-
-void tst_Anchors::addSeeds()
-{
-    QTest::addColumn<unsigned int>("seed");
-    for (unsigned int seed = 1; seed <= 8; ++seed)
-        QTest::addRow("seed %u", seed) << seed;
 }
 
 // Every anchor
@@ -717,21 +637,6 @@ void tst_Anchors::chopboxAtTheLimitsOfIntegers()
     QCOMPARE(far.getLocation(QPoint(33554433, 33554433)), QPoint(33554432, 33554432));
 }
 
-void tst_Anchors::chopboxFollowsItsDefinition()
-{
-    QFETCH(unsigned int, seed);
-    Dice dice(seed);
-    for (int round = 0; round < 500; ++round) {
-        FigureNest nest;
-        Figure *owner = nest.addFigure(dice.containers(nest), dice.rect(500, 200));
-        const QPoint reference = dice.coin() ? dice.point(2000) : dice.point(100) + owner->getBounds().center();
-        const QPoint expected = choppedBox(owner->getBounds(), nest.offsetOf(owner), reference);
-        const QPoint actual = ChopboxAnchor(owner).getLocation(reference);
-        QVERIFY2(actual == expected,
-                 qPrintable(describe(owner->getBounds(), nest.offsetOf(owner), reference, actual, expected)));
-    }
-}
-
 // Ellipse anchor
 
 void tst_Anchors::ellipseWithoutOwnerWarns()
@@ -792,21 +697,6 @@ void tst_Anchors::ellipseAtTheLimitsOfIntegers()
     QCOMPARE(anchor.getLocation(QPoint(highest, 5)), QPoint(10, 5));
     QCOMPARE(anchor.getLocation(QPoint(5, lowest)), QPoint(5, 0));
     QCOMPARE(anchor.getLocation(QPoint(highest, lowest)), QPoint(9, 1));
-}
-
-void tst_Anchors::ellipseFollowsItsDefinition()
-{
-    QFETCH(unsigned int, seed);
-    Dice dice(seed);
-    for (int round = 0; round < 500; ++round) {
-        FigureNest nest;
-        Figure *owner = nest.addFigure(dice.containers(nest), dice.rect(500, 200));
-        const QPoint reference = dice.coin() ? dice.point(2000) : dice.point(100) + owner->getBounds().center();
-        const QPoint expected = cutEllipse(owner->getBounds(), nest.offsetOf(owner), reference);
-        const QPoint actual = EllipseAnchor(owner).getLocation(reference);
-        QVERIFY2(actual == expected,
-                 qPrintable(describe(owner->getBounds(), nest.offsetOf(owner), reference, actual, expected)));
-    }
 }
 
 // XY anchor

@@ -1,7 +1,7 @@
 #include "support/TestMain.h"
 
 #include "FigureNest.h"
-#include "PlainManhattan.h"
+#include "OpenManhattanRouter.h"
 #include "StubAnchor.h"
 #include "StubConnection.h"
 
@@ -24,25 +24,8 @@ constexpr int highest = std::numeric_limits<int>::max();
 
 using Points = QList<QPoint>;
 
-/// A router whose protected operations can be called.
-class RouterProbe : public ManhattanConnectionRouter
-{
-public:
-    using ManhattanConnectionRouter::colUsable;
-    using ManhattanConnectionRouter::getDirection;
-    using ManhattanConnectionRouter::getEndDirection;
-    using ManhattanConnectionRouter::getStartDirection;
-    using ManhattanConnectionRouter::isColumnReservedBy;
-    using ManhattanConnectionRouter::isRowReservedBy;
-    using ManhattanConnectionRouter::processPositions;
-    using ManhattanConnectionRouter::removeReservedLines;
-    using ManhattanConnectionRouter::reserveColumn;
-    using ManhattanConnectionRouter::reserveRow;
-    using ManhattanConnectionRouter::rowUsable;
-};
-
 /// A router that finds only the lines usable that it is told of, and notes which it was asked for.
-class PickyRouter : public RouterProbe
+class PickyRouter : public OpenManhattanRouter
 {
 public:
     QList<int> usable;
@@ -132,24 +115,24 @@ const QPoint left(-1, 0);
 const QPoint right(1, 0);
 
 /// The one inner line of a route that wants \a wanted where its neighbours are at \a a and \a b.
-int lineNear(RouterProbe &router, IConnection *connection, int wanted, int a, int b, bool row)
+int lineNear(OpenManhattanRouter &router, IConnection *connection, int wanted, int a, int b, bool row)
 {
     if (row)
         return router.processPositions(Ray(0, a), Ray(9, b), {1, wanted, 8}, false, connection)[1].y();
     return router.processPositions(Ray(a, 0), Ray(b, 9), {1, wanted, 8}, true, connection)[1].x();
 }
 
-bool isUsable(const RouterProbe &router, int line, bool row)
+bool isUsable(const OpenManhattanRouter &router, int line, bool row)
 {
     return row ? router.rowUsable(nullptr, line) : router.colUsable(nullptr, line);
 }
 
-bool isReserved(const RouterProbe &router, IConnection *connection, int line, bool row)
+bool isReserved(const OpenManhattanRouter &router, IConnection *connection, int line, bool row)
 {
     return row ? router.isRowReservedBy(connection, line) : router.isColumnReservedBy(connection, line);
 }
 
-void reserve(RouterProbe &router, IConnection *connection, int line, bool row)
+void reserve(OpenManhattanRouter &router, IConnection *connection, int line, bool row)
 {
     if (row)
         router.reserveRow(connection, line);
@@ -224,8 +207,6 @@ private Q_SLOTS:
     void removedConnectionDoesNotFreeLinesWhenItDies();
     void routerMayDieBeforeItsConnections();
 
-    void routesFollowTheDefinition_data();
-    void routesFollowTheDefinition();
     void manyConnectionsNeedFewLookups();
 };
 
@@ -284,14 +265,14 @@ void tst_ManhattanRouter::directionIsThatOfTheNearestSide()
     QFETCH(QRect, box);
     QFETCH(QPoint, point);
     QFETCH(QPoint, direction);
-    RouterProbe router;
+    OpenManhattanRouter router;
     QVERIFY(router.getDirection(box, point, false) == Ray(direction));
     QVERIFY(router.getDirection(box, point, true) == Ray(-direction));
 }
 
 void tst_ManhattanRouter::directionsFollowTheOwnersAbsoluteBounds()
 {
-    RouterProbe router;
+    OpenManhattanRouter router;
     FigureNest nest;
     Figure *parent = nest.addContainer(nullptr, QRect(100, 200, 500, 500), true);
     Figure *owner = nest.addFigure(parent, QRect(0, 0, 11, 11));
@@ -304,7 +285,7 @@ void tst_ManhattanRouter::directionsFollowTheOwnersAbsoluteBounds()
 
 void tst_ManhattanRouter::anchorWithoutOwnerFacesDown()
 {
-    RouterProbe router;
+    OpenManhattanRouter router;
     XYAnchor source(QPoint(10, 20));
     XYAnchor target(QPoint(lowest, lowest));
     StubConnection connection(&source, &target);
@@ -314,7 +295,7 @@ void tst_ManhattanRouter::anchorWithoutOwnerFacesDown()
 
 void tst_ManhattanRouter::directionsOfANullConnectionFaceDown()
 {
-    RouterProbe router;
+    OpenManhattanRouter router;
     QVERIFY(router.getStartDirection(nullptr) == Ray(down));
     QVERIFY(router.getEndDirection(nullptr) == Ray(down));
 }
@@ -439,7 +420,7 @@ void tst_ManhattanRouter::connectionWithoutAnchorIsRefused()
 
 void tst_ManhattanRouter::nullConnectionIsIgnored()
 {
-    RouterProbe router;
+    OpenManhattanRouter router;
     router.route(nullptr);
     router.routeF(nullptr);
     router.invalidate(nullptr);
@@ -473,12 +454,13 @@ void tst_ManhattanRouter::positionsBecomePoints()
     QFETCH(QList<int>, positions);
     QFETCH(bool, horizontal);
     StubConnection connection;
-    QTEST(RouterProbe().processPositions(Ray(10, 20), Ray(30, 40), positions, horizontal, &connection), "points");
+    QTEST(OpenManhattanRouter().processPositions(Ray(10, 20), Ray(30, 40), positions, horizontal, &connection),
+          "points");
 }
 
 void tst_ManhattanRouter::innerLinesAreMovedAndOuterOnesAreNot()
 {
-    RouterProbe router;
+    OpenManhattanRouter router;
     StubConnection other;
     StubConnection connection;
     for (int line = 0; line <= 1000; line += 100) {
@@ -496,7 +478,7 @@ void tst_ManhattanRouter::innerLinesAreMovedAndOuterOnesAreNot()
 
 void tst_ManhattanRouter::newRouteFreesTheOldLinesFirst()
 {
-    RouterProbe router;
+    OpenManhattanRouter router;
     StubConnection connection;
     QCOMPARE(lineNear(router, &connection, 50, 0, 100, true), 50);
     QCOMPARE(lineNear(router, &connection, 50, 0, 100, true), 50);
@@ -507,7 +489,7 @@ void tst_ManhattanRouter::newRouteFreesTheOldLinesFirst()
 
 void tst_ManhattanRouter::routeForNoConnectionReservesNothing()
 {
-    RouterProbe router;
+    OpenManhattanRouter router;
     QCOMPARE(lineNear(router, nullptr, 50, 0, 100, true), 50);
     QVERIFY(router.rowUsable(nullptr, 50));
 }
@@ -517,7 +499,7 @@ void tst_ManhattanRouter::routeForNoConnectionReservesNothing()
 void tst_ManhattanRouter::innerLineIsReserved()
 {
     QFETCH(bool, row);
-    RouterProbe router;
+    OpenManhattanRouter router;
     StubConnection connection;
     QCOMPARE(lineNear(router, &connection, 50, 0, 100, row), 50);
     QVERIFY(isReserved(router, &connection, 50, row));
@@ -528,7 +510,7 @@ void tst_ManhattanRouter::innerLineIsReserved()
 void tst_ManhattanRouter::oddLineBecomesEven()
 {
     QFETCH(bool, row);
-    RouterProbe router;
+    OpenManhattanRouter router;
     StubConnection connection;
     QCOMPARE(lineNear(router, &connection, 51, 0, 100, row), 50);
     QVERIFY(isReserved(router, &connection, 50, row));
@@ -538,7 +520,7 @@ void tst_ManhattanRouter::oddLineBecomesEven()
 void tst_ManhattanRouter::lineThatIsNotPositiveStaysAndIsNotReserved()
 {
     QFETCH(bool, row);
-    RouterProbe router;
+    OpenManhattanRouter router;
     StubConnection connection;
     QCOMPARE(lineNear(router, &connection, 0, -100, 100, row), 0);
     QCOMPARE(lineNear(router, &connection, 1, -100, 100, row), 0);
@@ -613,7 +595,7 @@ void tst_ManhattanRouter::searchEndsAtItsBounds()
 void tst_ManhattanRouter::limitsOfIntegersAreDefined()
 {
     QFETCH(bool, row);
-    RouterProbe router;
+    OpenManhattanRouter router;
     StubConnection first;
     StubConnection second;
     const int last = highest - 1;
@@ -629,7 +611,7 @@ void tst_ManhattanRouter::limitsOfIntegersAreDefined()
 void tst_ManhattanRouter::reservedLineIsNotUsable()
 {
     QFETCH(bool, row);
-    RouterProbe router;
+    OpenManhattanRouter router;
     StubConnection connection;
     StubConnection other;
     QVERIFY(isUsable(router, 10, row));
@@ -648,7 +630,7 @@ void tst_ManhattanRouter::reservedLineIsNotUsable()
 
 void tst_ManhattanRouter::rowsAndColumnsAreApart()
 {
-    RouterProbe router;
+    OpenManhattanRouter router;
     StubConnection connection;
     router.reserveRow(&connection, 10);
     router.reserveColumn(&connection, 20);
@@ -661,7 +643,7 @@ void tst_ManhattanRouter::rowsAndColumnsAreApart()
 void tst_ManhattanRouter::nullConnectionReservesNothing()
 {
     QFETCH(bool, row);
-    RouterProbe router;
+    OpenManhattanRouter router;
     reserve(router, nullptr, 10, row);
     QVERIFY(isUsable(router, 10, row));
     QVERIFY(!isReserved(router, nullptr, 10, row));
@@ -670,7 +652,7 @@ void tst_ManhattanRouter::nullConnectionReservesNothing()
 void tst_ManhattanRouter::invalidateAndRemoveFreeTheLines()
 {
     QFETCH(bool, row);
-    RouterProbe router;
+    OpenManhattanRouter router;
     StubConnection connection;
     StubConnection remaining;
     reserve(router, &remaining, 20, row);
@@ -690,7 +672,7 @@ void tst_ManhattanRouter::invalidateAndRemoveFreeTheLines()
 void tst_ManhattanRouter::freedLineIsFreeForAll()
 {
     QFETCH(bool, row);
-    RouterProbe router;
+    OpenManhattanRouter router;
     StubConnection first;
     StubConnection second;
     reserve(router, &first, 10, row);
@@ -739,7 +721,7 @@ void tst_ManhattanRouter::freedColumnIsTakenAgain()
 void tst_ManhattanRouter::deadConnectionFreesItsLines()
 {
     QFETCH(bool, row);
-    RouterProbe router;
+    OpenManhattanRouter router;
     StubConnection remaining;
     auto connection = std::make_unique<StubConnection>();
     reserve(router, &remaining, 20, row);
@@ -751,7 +733,7 @@ void tst_ManhattanRouter::deadConnectionFreesItsLines()
 
 void tst_ManhattanRouter::newConnectionAtAnOldAddressHasNoLines()
 {
-    RouterProbe router;
+    OpenManhattanRouter router;
     alignas(StubConnection) unsigned char storage[sizeof(StubConnection)];
     auto *first = new (storage) StubConnection;
     router.reserveRow(first, 10);
@@ -766,7 +748,7 @@ void tst_ManhattanRouter::newConnectionAtAnOldAddressHasNoLines()
 
 void tst_ManhattanRouter::removedConnectionDoesNotFreeLinesWhenItDies()
 {
-    RouterProbe router;
+    OpenManhattanRouter router;
     StubConnection successor;
     auto connection = std::make_unique<StubConnection>();
     router.reserveRow(connection.get(), 10);
@@ -779,160 +761,9 @@ void tst_ManhattanRouter::removedConnectionDoesNotFreeLinesWhenItDies()
 void tst_ManhattanRouter::routerMayDieBeforeItsConnections()
 {
     StubConnection connection;
-    auto router = std::make_unique<RouterProbe>();
+    auto router = std::make_unique<OpenManhattanRouter>();
     router->reserveRow(&connection, 10);
     router.reset();
-}
-
-// Against the plain statement
-
-namespace {
-
-/// Figures, anchors and connections thrown at random, routed both ways.
-class Diagram
-{
-public:
-    explicit Diagram(unsigned int seed)
-        : m_dice(seed)
-    {
-        for (int i = 0; i < 10; ++i)
-            addAnchor();
-        for (int i = 0; i < 12; ++i)
-            addConnection();
-    }
-
-    /// Routes, frees or moves something; an error text when library and plain statement differ.
-    QString step()
-    {
-        StubConnection &connection = *m_connections[size_t(m_dice.between(0, int(m_connections.size()) - 1))];
-        const int kind = m_dice.between(0, 9);
-        if (kind == 0)
-            return forget(connection, &ManhattanConnectionRouter::invalidate);
-        if (kind == 1)
-            return forget(connection, &ManhattanConnectionRouter::remove);
-        if (kind == 2)
-            moveFigure();
-        return checkRoute(connection);
-    }
-
-    QString forgetAll()
-    {
-        for (const auto &connection : m_connections)
-            forget(*connection, &ManhattanConnectionRouter::remove);
-        return checkLines();
-    }
-
-private:
-    void addAnchor()
-    {
-        m_figures.push_back(m_nest.addFigure(m_dice.containers(m_nest), m_dice.rect(400, 150)));
-        Figure *owner = m_dice.between(0, 4) == 0 ? nullptr : m_figures.back();
-        const QPoint corner = owner ? absoluteBox(owner).topLeft() : m_dice.point(600);
-        const QPoint place = corner + QPoint(m_dice.between(-5, 155), m_dice.between(-5, 155));
-        m_anchors.push_back(std::make_unique<StubAnchor>(place, place, owner));
-    }
-
-    void addConnection()
-    {
-        StubAnchor *source = m_anchors[size_t(m_dice.between(0, 9))].get();
-        StubAnchor *target = m_anchors[size_t(m_dice.between(0, 9))].get();
-        m_connections.push_back(std::make_unique<StubConnection>(source, target));
-        m_nest.put(m_connections.back().get(), m_dice.containers(m_nest));
-    }
-
-    void moveFigure()
-    {
-        Figure *figure = m_figures[size_t(m_dice.between(0, int(m_figures.size()) - 1))];
-        figure->setBounds(m_dice.rect(400, 150));
-    }
-
-    QString forget(StubConnection &connection, void (ManhattanConnectionRouter::*operation)(IConnection *))
-    {
-        (m_router.*operation)(&connection);
-        m_plain.forget(&connection);
-        return checkLines();
-    }
-
-    QString checkRoute(StubConnection &connection)
-    {
-        const Points expected = m_plain.route(&connection, endAt(connection.sourceAnchor, connection),
-                                              endAt(connection.targetAnchor, connection));
-        m_router.route(&connection);
-        if (connection.points != expected)
-            return difference(connection.points, expected);
-        m_router.route(&connection);
-        if (connection.points != expected)
-            return QStringLiteral("second time: ") + difference(connection.points, expected);
-        const QString broken = brokenInvariant(expected);
-        return broken.isEmpty() ? checkLines() : broken;
-    }
-
-    QString checkLines()
-    {
-        for (int line = -700; line <= 900; ++line) {
-            const bool rowDiffers = m_router.rowUsable(nullptr, line) == (m_plain.rows().count(line) != 0);
-            const bool columnDiffers = m_router.colUsable(nullptr, line) == (m_plain.columns().count(line) != 0);
-            if (rowDiffers || columnDiffers)
-                return QStringLiteral("line %1 is in use in one of them only").arg(line);
-        }
-        return {};
-    }
-
-    static QString brokenInvariant(const Points &points)
-    {
-        if (points.size() < 2)
-            return QStringLiteral("fewer than two points");
-        for (qsizetype i = 1; i < points.size(); ++i) {
-            if (points[i - 1].x() != points[i].x() && points[i - 1].y() != points[i].y())
-                return QStringLiteral("segment %1 is slanted").arg(i);
-        }
-        return {};
-    }
-
-    QRect absoluteBox(Figure *figure) const { return figure->getBounds().translated(m_nest.offsetOf(figure)); }
-
-    PlainManhattan::End endAt(IConnectionAnchor *anchor, const StubConnection &connection) const
-    {
-        const QPoint place = static_cast<StubAnchor *>(anchor)->location;
-        Figure *owner = anchor->getOwner();
-        const QRect box = owner ? absoluteBox(owner) : QRect(place.x() - 1, place.y() - 1, 2, 2);
-        return {place - m_nest.offsetOf(&connection), place, box};
-    }
-
-    static QString difference(const Points &actual, const Points &expected)
-    {
-        QString text;
-        QDebug(&text) << "routed" << actual << "instead of" << expected;
-        return text;
-    }
-
-    Dice m_dice;
-    FigureNest m_nest;
-    std::vector<Figure *> m_figures;
-    std::vector<std::unique_ptr<StubAnchor>> m_anchors;
-    std::vector<std::unique_ptr<StubConnection>> m_connections;
-    RouterProbe m_router;
-    PlainManhattan m_plain;
-};
-
-} // namespace
-
-void tst_ManhattanRouter::routesFollowTheDefinition_data()
-{
-    QTest::addColumn<unsigned int>("seed");
-    for (unsigned int seed = 1; seed <= 100; ++seed)
-        QTest::addRow("seed %u", seed) << seed;
-}
-
-void tst_ManhattanRouter::routesFollowTheDefinition()
-{
-    QFETCH(unsigned int, seed);
-    Diagram diagram(seed);
-    for (int step = 0; step < 80; ++step) {
-        const QString error = diagram.step();
-        QVERIFY2(error.isEmpty(), qPrintable(QStringLiteral("step %1: ").arg(step) + error));
-    }
-    QCOMPARE(diagram.forgetAll(), QString());
 }
 
 namespace {

@@ -15,6 +15,7 @@
 
 #include <limits>
 #include <memory>
+#include <vector>
 
 using namespace Vantrel::Pictel;
 
@@ -70,10 +71,15 @@ class tst_Routers : public PictelTest
 private:
     static void addRouters();
     static void addRoutersAndSeeds();
+    static void addSeeds();
 
 private Q_SLOTS:
     void routeRunsFromStartToEnd_data() { addRoutersAndSeeds(); }
     void routeRunsFromStartToEnd();
+    void endIsNotRepeated_data() { addRoutersAndSeeds(); }
+    void endIsNotRepeated();
+    void manhattanSegmentsAreHorizontalOrVertical_data() { addSeeds(); }
+    void manhattanSegmentsAreHorizontalOrVertical();
     void unchangedConnectionKeepsItsRoute_data() { addRoutersAndSeeds(); }
     void unchangedConnectionKeepsItsRoute();
     void floatingPointRouteHasTheSamePoints_data() { addRoutersAndSeeds(); }
@@ -109,6 +115,13 @@ void tst_Routers::addRoutersAndSeeds()
     }
 }
 
+void tst_Routers::addSeeds()
+{
+    QTest::addColumn<unsigned int>("seed");
+    for (unsigned int seed = 1; seed <= 300; ++seed)
+        QTest::addRow("seed %u", seed) << seed;
+}
+
 void tst_Routers::routeRunsFromStartToEnd()
 {
     QFETCH(RouterFactory, make);
@@ -119,6 +132,31 @@ void tst_Routers::routeRunsFromStartToEnd()
     QVERIFY(random.connection.points.size() >= 2);
     QCOMPARE(random.connection.points.first(), random.startPoint());
     QCOMPARE(random.connection.points.last(), random.endPoint());
+}
+
+void tst_Routers::endIsNotRepeated()
+{
+    QFETCH(RouterFactory, make);
+    QFETCH(unsigned int, seed);
+    Dice dice(seed);
+    RandomConnection random(dice);
+    const QList<QPoint> points = make()->doRoute(&random.connection);
+    QVERIFY(points.size() == 2 || points.at(points.size() - 2) != points.last());
+}
+
+// Also where other connections already lie on the lines.
+void tst_Routers::manhattanSegmentsAreHorizontalOrVertical()
+{
+    QFETCH(unsigned int, seed);
+    Dice dice(seed);
+    ManhattanConnectionRouter router;
+    std::vector<std::unique_ptr<RandomConnection>> connections;
+    for (int i = 0; i < 10; ++i) {
+        connections.push_back(std::make_unique<RandomConnection>(dice));
+        const QList<QPoint> points = router.doRoute(&connections.back()->connection);
+        for (qsizetype j = 1; j < points.size(); ++j)
+            QVERIFY(points[j - 1].x() == points[j].x() || points[j - 1].y() == points[j].y());
+    }
 }
 
 void tst_Routers::unchangedConnectionKeepsItsRoute()

@@ -6,6 +6,7 @@
 #include <vtlpictel/figure/SimpleBorder.h>
 #include <vtlpictel/figure/UpdateManager.h>
 
+#include <QMetaMethod>
 #include <QSignalSpy>
 
 #include <deque>
@@ -94,6 +95,7 @@ private Q_SLOTS:
     void validationIsAnnouncedBeforeTheFirstFigure();
     void nothingIsAnnouncedWithoutInvalidFigures();
     void announcementCarriesTheViewer();
+    void announcementNamesItsParameter();
     void figureRegisteredByTheAnnouncementIsValidated();
     void figureRegisteredDuringValidationIsDropped();
     void hundredThousandRegistrationsKeepTheirOrder();
@@ -340,6 +342,13 @@ void tst_UpdateManager::announcementCarriesTheViewer()
     shown.manager.performUpdate();
     QCOMPARE(announced.count(), 1);
     QCOMPARE(announced.first().first().value<IFigureViewer *>(), &shown.viewer);
+}
+
+void tst_UpdateManager::announcementNamesItsParameter()
+{
+    const QMetaObject &meta = UpdateManager::staticMetaObject;
+    const QMetaMethod announcement = meta.method(meta.indexOfSignal("aboutToValidate(IFigureViewer*)"));
+    QCOMPARE(announcement.parameterNames(), QList<QByteArray>({"viewer"}));
 }
 
 void tst_UpdateManager::figureRegisteredByTheAnnouncementIsValidated()

@@ -12,6 +12,7 @@
 #include <vtlpictel/figure/Border.h>
 #include <vtlpictel/figure/ConnectionLocator.h>
 #include <vtlpictel/figure/Figure.h>
+#include <vtlpictel/figure/ILocator.h>
 #include <vtlpictel/figure/IRotatableDecoration.h>
 #include <vtlpictel/figure/ITreeSearch.h>
 #include <vtlpictel/figure/Insets.h>
@@ -138,6 +139,11 @@ struct OpenConnection : Connection
 {
     using Connection::getSourceDecoration;
     using Connection::getTargetDecoration;
+};
+
+struct OpenChopboxAnchor : ChopboxAnchor
+{
+    using ChopboxAnchor::getBox;
 };
 
 struct OpenBendpointRouter : BendpointConnectionRouter
@@ -327,6 +333,11 @@ void tst_VtableOrder::order_data()
         &IConnectionAnchor::addAnchorListener, &IConnectionAnchor::getLocation, &IConnectionAnchor::getOwner,
         &IConnectionAnchor::getReferencePoint, &IConnectionAnchor::removeAnchorListener)
                                        << afterDestructor;
+    // Before it: two operations of ConnectionAnchorBase and five of AbstractConnectionAnchor.
+    QTest::newRow("ChopboxAnchor") << slotsOf(&OpenChopboxAnchor::getBox, &ChopboxAnchor::getLocation)
+                                   << afterObject + 7;
+    QTest::newRow("IAnchorListener") << slotsOf(&IAnchorListener::anchorMoved) << afterDestructor;
+    QTest::newRow("ILocator") << slotsOf(&ILocator::relocate) << afterDestructor;
     QTest::newRow("PolylineConnection") << decorationSlots<PolylineConnection>() << -1;
     QTest::newRow("PolylineFConnection") << decorationSlots<PolylineFConnection>() << -1;
     QTest::newRow("IConnectionRouter") << slotsOf(&IConnectionRouter::getConstraint, &IConnectionRouter::invalidate,
