@@ -245,7 +245,8 @@ void FreeformViewer::setXYMargins(int x, int y)
     d->widget()->setMargins(x, y);
 }
 
-// The widget is hidden while it moves, which saves a repaint in between.
+// The widget is hidden while it moves, which saves a repaint in between. Along an axis where it is smaller than the
+// view it cannot be scrolled and stands where the layout direction begins.
 void FreeformViewer::updateScrollBars(int x, int y)
 {
     QWidget *widget = d->widget();
@@ -253,11 +254,8 @@ void FreeformViewer::updateScrollBars(int x, int y)
     const QPoint scrolled(scrollTo(horizontalScrollBar(), widget->width(), view.width(), x),
                           scrollTo(verticalScrollBar(), widget->height(), view.height(), y));
     const QRect moved = QStyle::visualRect(layoutDirection(), view, QRect(-scrolled, widget->size()));
-    const QRect aligned = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft, widget->size(), view);
-    const int left = widget->width() > view.width() ? moved.x() : aligned.x();
-    const int top = widget->height() > view.height() ? moved.y() : aligned.y();
     widget->setVisible(false);
-    widget->move(left, top);
+    widget->move(moved.topLeft());
     widget->setVisible(true);
 }
 

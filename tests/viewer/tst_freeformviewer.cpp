@@ -323,6 +323,7 @@ void tst_FreeformViewer::viewerPropertiesAreTheWidgets()
     QCOMPARE(drawing.viewer.extentHandlingEnabled(), false);
     drawing.viewer.enableExtentHandling(true);
     QCOMPARE(drawing.widget.extentHandlingEnabled(), true);
+    QCOMPARE(drawing.viewer.extentHandlingEnabled(), true);
     drawing.viewer.setHighlighted(true);
     QCOMPARE(drawing.widget.isHighlighted(), true);
     QCOMPARE(drawing.viewer.isHighlighted(), true);

@@ -3,6 +3,7 @@
 #include "Drawing.h"
 #include "EventLog.h"
 
+#include <QMouseEvent>
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
@@ -18,6 +19,11 @@ private Q_SLOTS:
     void dirtyRectIsRepainted();
     void dirtyRectIsRepaintedWithAFringeWhenScaled();
     void invalidDirtyRectIsIgnored();
+    void dirtyRectOutOfSightIsIgnored();
+    void manyDirtyRectsBecomeTheRectAroundThem_data();
+    void manyDirtyRectsBecomeTheRectAroundThem();
+    void dirtyRectsBeyondManyWidenTheRectAroundThem();
+    void dirtyRectsAreExactAgainAfterPainting();
     void figureChangeIsRepainted();
     void updateAndRepaintAreTheWidgets();
 
@@ -25,6 +31,10 @@ private Q_SLOTS:
     void clickLocationDefaultsToTheCentre();
     void wheelScrolls();
     void resizeGrowsTheContent();
+    void resizeAdaptsTheScrollBars();
+    void resizeUpdatesAHighlight();
+    void framedViewportGetsTheWholeSize();
+    void mousePressGoesOnToTheParent();
     void resizeOfTheViewport();
     void scrollingIsIgnoredDuringAZoom();
     void widgetResizeIsFilteredDuringAZoomOnly();
@@ -74,6 +84,75 @@ void tst_ViewerEvents::invalidDirtyRectIsIgnored()
     drawing.viewer.updateContentRect(QRect());
     QCoreApplication::processEvents();
     QCOMPARE(log.count(), 0);
+}
+
+void tst_ViewerEvents::dirtyRectOutOfSightIsIgnored()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(100, 100)));
+    EventLog log(drawing.widget, {QEvent::Paint});
+    for (const QRect dirty :
+         {QRect(90, 100, 10, 10), QRect(100, 90, 10, 10), QRect(500, 100, 9, 9), QRect(100, 400, 9, 9)})
+        drawing.viewer.updateContentRect(dirty);
+    drawing.viewer.updateContentRect(QRect(95, 95, 10, 10));
+    QTRY_COMPARE(log.count(), 1);
+    QCOMPARE(log.painted(), QRegion(150, 150, 5, 5));
+    drawing.viewer.setUpdatesEnabled(false);
+    drawing.viewer.updateContentRect(QRect(200, 200, 10, 10));
+    QCoreApplication::processEvents();
+    QCOMPARE(log.count(), 1);
+}
+
+void tst_ViewerEvents::manyDirtyRectsBecomeTheRectAroundThem_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<bool>("exact");
+    QTest::newRow("few") << 64 << true;
+    QTest::newRow("many") << 65 << false;
+    QTest::newRow("more") << 90 << false;
+}
+
+void tst_ViewerEvents::manyDirtyRectsBecomeTheRectAroundThem()
+{
+    QFETCH(int, count);
+    QFETCH(bool, exact);
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(-50, -50)));
+    EventLog log(drawing.widget, {QEvent::Paint});
+    QRegion rects;
+    for (int i = 0; i < count; ++i) {
+        drawing.viewer.updateContentRect(QRect(3 * i - 50, 2 * i - 50, 2, 1));
+        rects += QRect(3 * i, 2 * i, 2, 1);
+    }
+    QTRY_COMPARE(log.count(), 1);
+    QCOMPARE(log.painted(), exact ? rects : QRegion(rects.boundingRect()));
+}
+
+void tst_ViewerEvents::dirtyRectsBeyondManyWidenTheRectAroundThem()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(-50, -50)));
+    EventLog log(drawing.widget, {QEvent::Paint});
+    for (int i = 0; i < 70; ++i)
+        drawing.viewer.updateContentRect(QRect(0, 0, 10, 10));
+    drawing.viewer.updateContentRect(QRect(2, 2, 3, 3));
+    drawing.viewer.updateContentRect(QRect(20, 30, 5, 5));
+    QTRY_COMPARE(log.count(), 1);
+    QCOMPARE(log.painted(), QRegion(50, 50, 25, 35));
+}
+
+void tst_ViewerEvents::dirtyRectsAreExactAgainAfterPainting()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(-50, -50)));
+    for (int i = 0; i < 100; ++i)
+        drawing.viewer.updateContentRect(QRect(3 * i - 50, 2 * i - 50, 2, 1));
+    QCoreApplication::processEvents();
+    EventLog log(drawing.widget, {QEvent::Paint});
+    drawing.viewer.updateContentRect(QRect(0, 0, 2, 2));
+    drawing.viewer.updateContentRect(QRect(100, 100, 2, 2));
+    QTRY_COMPARE(log.count(), 1);
+    QCOMPARE(log.painted(), QRegion(50, 50, 2, 2) + QRegion(150, 150, 2, 2));
 }
 
 void tst_ViewerEvents::figureChangeIsRepainted()
@@ -146,6 +225,53 @@ void tst_ViewerEvents::resizeGrowsTheContent()
     QCOMPARE(drawing.pane.getBounds(), QRect(0, 0, 600, 300));
     QCOMPARE(drawing.widget.size(), QSize(600, 300));
     QCOMPARE(drawing.scrollRange(), QPoint(0, 50));
+}
+
+void tst_ViewerEvents::resizeAdaptsTheScrollBars()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(-50, -50)));
+    QCOMPARE(drawing.scrollRange(), QPoint(700, 800));
+    drawing.viewer.resize(500, 350);
+    QCoreApplication::processEvents();
+    QCOMPARE(drawing.widget.size(), QSize(1100, 1100));
+    QCOMPARE(drawing.scrollRange(), QPoint(600, 750));
+}
+
+void tst_ViewerEvents::resizeUpdatesAHighlight()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(-50, -50)));
+    drawing.viewer.setHighlighted(true);
+    QCoreApplication::processEvents();
+    EventLog log(drawing.widget, {QEvent::Paint});
+    drawing.viewer.resize(350, 280);
+    QTRY_COMPARE(log.painted(), QRegion(0, 0, 350, 280));
+}
+
+void tst_ViewerEvents::framedViewportGetsTheWholeSize()
+{
+    FreeformViewer viewer;
+    viewer.setFrameStyle(QFrame::Box);
+    viewer.resizeViewport(QSize(350, 250));
+    QCOMPARE(viewer.size(), QSize(350, 250));
+    QCOMPARE(viewer.viewport()->size(), QSize(350, 250));
+}
+
+void tst_ViewerEvents::mousePressGoesOnToTheParent()
+{
+    class OpenViewer : public FreeformViewer
+    {
+    public:
+        using FreeformViewer::mousePressEvent;
+    };
+    OpenViewer viewer;
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(3, 4), QPointF(3, 4), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    press.accept();
+    viewer.mousePressEvent(&press);
+    QCOMPARE(press.isAccepted(), false);
+    QCOMPARE(viewer.getLastClickLocation(), QPoint(3, 4));
 }
 
 void tst_ViewerEvents::resizeOfTheViewport()

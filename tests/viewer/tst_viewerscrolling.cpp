@@ -177,6 +177,10 @@ void tst_ViewerScrolling::moveUpdatesAHighlight()
     drawing.viewer.setViewLocation(QPoint(-40, -50), false);
     QTRY_COMPARE(log.painted().boundingRect(), QRect(10, 0, 400, 300));
     QCOMPARE(log.painted(), QRegion(10, 0, 400, 300));
+    // Also without scrolling.
+    const int paints = log.count();
+    drawing.viewer.setViewLocation(QPoint(-40, -50), false);
+    QTRY_COMPARE(log.count(), paints + 1);
 }
 
 void tst_ViewerScrolling::scrollBarsGetRangeStepAndValue()
