@@ -23,6 +23,7 @@ private Q_SLOTS:
     void layerGoesDirectlyAboveItsNeighbour();
     void layerGoesDirectlyBeneathItsNeighbour();
     void unknownNeighbourPutsTheLayerOnTop();
+    void layoutIsAskedForThePlaceOfTheNeighbour();
     void nullNeighbourPutsTheLayerOnTop();
     void neighbourIsFoundAtAnyPosition_data();
     void neighbourIsFoundAtAnyPosition();
@@ -160,6 +161,31 @@ void tst_LayeredPane::unknownNeighbourPutsTheLayerOnTop()
     pane.addLayerAbove(&above, "above", &stranger);
     pane.addLayerBeneath(&beneath, "beneath", &stranger);
     QCOMPARE(pane.childFigures(), Layers({&bottom, &above, &beneath}));
+}
+
+void tst_LayeredPane::layoutIsAskedForThePlaceOfTheNeighbour()
+{
+    class RecordingLayout : public StackLayout
+    {
+    public:
+        bool add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index) override
+        {
+            calls << QStringLiteral("%1 %2 %3").arg(vStretch).arg(hStretch).arg(index);
+            return StackLayout::add(child, vStretch, hStretch, index);
+        }
+
+        QStringList calls;
+    };
+    RecordingLayout layout;
+    LayeredPane pane;
+    delete pane.setLayoutManager(&layout);
+    Layer layers[4];
+    Layer stranger;
+    pane.addLayer(&layers[0], "0");
+    pane.addLayerAbove(&layers[1], "1", &layers[0]);
+    pane.addLayerBeneath(&layers[2], "2", &layers[1]);
+    pane.addLayerAbove(&layers[3], "3", &stranger);
+    QCOMPARE(layout.calls, QStringList({"0 0 -1", "0 0 1", "0 0 1", "0 0 -1"}));
 }
 
 void tst_LayeredPane::nullNeighbourPutsTheLayerOnTop()
