@@ -69,6 +69,7 @@ void tst_WidgetZoom::zoomOfAScrolledViewKeepsItsCentre()
     drawing.widget.setMargins(10, 30);
     QVERIFY(drawing.showAtScale(1.0, QPoint(130, 240)));
     QCOMPARE(drawing.widget.getPointAtOrigin(), QPointF(-10, -30));
+    QCOMPARE(drawing.widget.toLogical(QPointF(0, 0)), QPointF(-10, -30));
     QCOMPARE(drawing.viewer.getViewRect(), QRect(130, 240, 400, 300));
     // Around (329, 389), again rounded away from zero.
     drawing.widget.setScale(2.0);
