@@ -140,8 +140,8 @@ void Figure::setMargin(int margin)
 
 QSize Figure::applyMargin(const QSize &size) const
 {
-    const int both = roundToInt(2.0 * getMargin());
-    return size + QSize(both, both);
+    const double both = 2.0 * getMargin();
+    return QSize(truncateToInt(size.width() + both), truncateToInt(size.height() + both));
 }
 
 QSize Figure::removeMargin(QSize &size) const

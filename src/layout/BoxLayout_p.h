@@ -125,9 +125,12 @@ bool BoxLayout<Box>::place(const QRect &area)
 {
     if (!area.isValid())
         return false;
+    const LifeGuard<Layout> box(&m_box);
     const QSize available = m_transposer.t(area.size());
     m_height = available.height();
     m_extra = available.width() - m_transposer.t(m_box.getPreferredSize()).width();
+    if (!box.isAlive())
+        return false;
     if (m_extra > 0)
         m_totalStretch = m_isVertical ? m_box.getVTotalStretch() : m_box.getHTotalStretch();
     m_box.forEachChild([this](Figure *child) { placeNext(child); });
@@ -147,7 +150,7 @@ QSize BoxLayout<Box>::rowSize(SizeOf sizeOf)
             return;
         const QSize size = m_transposer.t(sizeOf(child));
         const int gap = row.width() > 0 ? m_spacing : 0;
-        row = QSize(row.width() + gap + size.width(), qMax(row.height(), size.height()));
+        row = QSize(boundedSum(boundedSum(row.width(), gap), size.width()), qMax(row.height(), size.height()));
     });
     return m_transposer.t(row);
 }
@@ -166,12 +169,15 @@ void BoxLayout<Box>::placeNext(Figure *child)
     if (!helper)
         return;
     if (m_advance >= 1)
-        m_x += m_advance;
+        m_x = boundedSum(m_x, m_advance);
     const int share = shareOf(m_isVertical ? helper->vStretch : helper->hStretch);
+    const LifeGuard<Figure> guest(child);
     const QSize size = preferredSize(child);
-    const int width = m_transposer.t(size).width() + share;
+    if (!guest.isAlive())
+        return;
+    const int width = boundedSum(m_transposer.t(size).width(), share);
     const QRect slot = m_transposer.t(QRect(QPoint(m_x, 0), QSize(width, m_height)));
-    m_advance = m_spacing + width;
+    m_advance = boundedSum(m_spacing, width);
     const bool fillsSlot = (child->expandingDirections() & (Qt::Horizontal | Qt::Vertical)) != Qt::Orientations();
     child->setBounds(fillsSlot ? slot : QStyle::alignedRect(Qt::LeftToRight, m_alignment, size, slot));
 }

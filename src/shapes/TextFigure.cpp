@@ -17,11 +17,6 @@ namespace {
 
 constexpr int gridSize = 5;
 
-int boundedSum(int left, int right)
-{
-    return truncateToInt(double(left) + right);
-}
-
 /// Stores \a value in \a field; true when that changed something.
 template <typename Value>
 bool replace(Value &field, const Value &value)

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "support/Rounding.h"
+
 #include <QRect>
 #include <QRectF>
+#include <QSize>
 
 namespace Vantrel::Pictel {
 
@@ -15,6 +18,12 @@ constexpr double exactWidth(const QRect &rect)
 constexpr double exactHeight(const QRect &rect)
 {
     return static_cast<double>(rect.bottom()) - rect.top() + 1.0;
+}
+
+/// The size of \a rect, in each dimension as far as an int can hold it.
+constexpr QSize boundedSize(const QRect &rect)
+{
+    return QSize(truncateToInt(exactWidth(rect)), truncateToInt(exactHeight(rect)));
 }
 
 /// QRectF(rect), also for rectangles of any extent.

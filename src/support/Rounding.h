@@ -20,6 +20,12 @@ constexpr int truncateToInt(double value)
     return value == value ? static_cast<int>(value) : 0;
 }
 
+/// The sum, or the nearest number that an int can hold.
+constexpr int boundedSum(int left, int right)
+{
+    return truncateToInt(static_cast<double>(left) + right);
+}
+
 /// Rounds half away from zero, within the limits of truncateToInt().
 constexpr int roundToInt(double value)
 {

@@ -2,7 +2,15 @@
 
 #include <QTest>
 
+#include <limits>
+
 using namespace Vantrel::Pictel;
+
+namespace {
+
+constexpr int highest = std::numeric_limits<int>::max();
+
+} // namespace
 
 class tst_BoxLayout : public BoxLayoutTest
 {
@@ -40,6 +48,9 @@ private Q_SLOTS:
     void hiddenChildHasNoShare();
     void childDeletedDuringLayoutIsSkipped();
     void layoutSurvivesItsOwnDeletion();
+    void sizesAtTheEndsOfTheNumbersDoNotWrap();
+    void rowBeyondTheNumbersStaysAtTheirEnd();
+    void childDeletedWhenAskedForItsSizeIsSkipped();
 
     void alignmentAndSpacingAtFirst();
     void layoutIsRelativeAndClips();
@@ -319,6 +330,54 @@ void tst_BoxLayout::layoutIsTheClassItself()
     const char *name = isVertical() ? "Vantrel::Pictel::VBoxLayout" : "Vantrel::Pictel::HBoxLayout";
     QCOMPARE(m_layout->metaObject()->className(), name);
     QCOMPARE(m_layout->metaObject()->superClass(), &Layout::staticMetaObject);
+}
+
+void tst_BoxLayout::sizesAtTheEndsOfTheNumbersDoNotWrap()
+{
+    addChildren({{QSize(highest, 7)}, {QSize(highest, highest)}, {QSize(5, 5)}});
+    QCOMPARE(m_layout->getPreferredSize(), QSize(highest, highest));
+    QCOMPARE(m_layout->getMinimumSize(), QSize(highest, highest));
+    m_layout->setSpacing(highest);
+    m_layout->invalidate();
+    QCOMPARE(m_layout->getPreferredSize(), QSize(highest, highest));
+}
+
+void tst_BoxLayout::rowBeyondTheNumbersStaysAtTheirEnd()
+{
+    m_layout->setSpacing(highest);
+    addChildren({{QSize(10, 7)}, {QSize(0, 7)}, {QSize(0, 9)}});
+    expectDebug("Figure::resolveBounds(): resolved bounds still invalid");
+    expectDebug("Figure::resolveBounds(): resolved bounds still invalid");
+    QVERIFY(performLayout(QRect(0, 0, 30, 9)));
+    const Rects bounds = boundsInRow();
+    QCOMPARE(bounds[0], QRect(0, 0, 10, 9));
+    QCOMPARE(bounds[1].x(), highest);
+    QCOMPARE(bounds[2].x(), highest);
+}
+
+void tst_BoxLayout::childDeletedWhenAskedForItsSizeIsSkipped()
+{
+    class VanishingFigure : public HintedFigure
+    {
+    public:
+        using HintedFigure::HintedFigure;
+        bool isVanishing = false;
+
+        QSize getPreferredSize() override
+        {
+            if (isVanishing)
+                delete this;
+            return QSize(10, 7);
+        }
+    };
+    auto *vanishing = new VanishingFigure(QSize(10, 7));
+    m_container->add(vanishing);
+    addChildren({{QSize(20, 9)}});
+    m_layout->getPreferredSize();
+    vanishing->isVanishing = true;
+    QVERIFY(performLayout(QRect(0, 0, 30, 9)));
+    QCOMPARE(m_container->childFigureCount(), 1);
+    QCOMPARE(m_children[0]->getBounds().size(), along(QSize(20, 9)));
 }
 
 PICTEL_TEST_MAIN(tst_BoxLayout)

@@ -2,6 +2,7 @@
 #include "SizeSetterProbe.h"
 #include "support/RecordingPaintDevice.h"
 #include "support/TestMain.h"
+#include "support/UpdateOrderProbe.h"
 
 #include <vtlpictel/figure/SimpleBorder.h>
 #include <vtlpictel/shapes/TextFigure.h>
@@ -79,12 +80,14 @@ private Q_SLOTS:
     void shorterTextShrinksTheFigure();
     void sizeIncludesTheMargin();
     void minimumIsSetBeforePreferred();
+    void resizingRevalidatesBeforeItRepaints();
     void textBeyondTheMaximumIsRefusedButStored();
     void textColorIsStoredAndRepaintedWhenItDiffers();
     void alignmentIsStoredAndRepaintedWhenItDiffers();
 
     void contentSizeIsIndentAndText();
     void hugeIndentDoesNotOverflow();
+    void hugeIndentAndMarginDoNotOverflow();
     void snapToGridTakesEffectWithTheNextChange();
     void snapToGridRoundsUpToWholeCells();
     void snapToGridKeepsWholeCells();
@@ -257,6 +260,20 @@ void tst_TextFigure::minimumIsSetBeforePreferred()
     QCOMPARE(m_figure->setters, QStringList({"minimum", "preferred"}));
 }
 
+void tst_TextFigure::resizingRevalidatesBeforeItRepaints()
+{
+    CallLog log;
+    UpdateOrderProbe<TextFigure> figure(log);
+    figure.setText(helloText);
+    QCOMPARE(log.take(), QStringList({"figure.revalidate", "figure.repaint"}));
+    figure.setIndent(3);
+    QCOMPARE(log.take(), QStringList({"figure.revalidate", "figure.repaint"}));
+    QFont larger = figure.getFont();
+    larger.setPixelSize(40);
+    figure.setFont(larger);
+    QCOMPARE(log.take(), QStringList({"figure.revalidate", "figure.repaint"}));
+}
+
 void tst_TextFigure::textBeyondTheMaximumIsRefusedButStored()
 {
     m_figure->setMaximumSize(measured(helloText));
@@ -301,6 +318,16 @@ void tst_TextFigure::hugeIndentDoesNotOverflow()
     RecordingPaintDevice device;
     paint(*m_figure, device);
     QCOMPARE(m_figure->getIndent(), std::numeric_limits<int>::max());
+}
+
+void tst_TextFigure::hugeIndentAndMarginDoNotOverflow()
+{
+    m_figure->setMargin(10);
+    const QSize before = m_figure->getMinimumSize();
+    expectDebug("Figure::setMinimumSize(): size out of bound");
+    expectDebug("Figure::setPreferredSize(): size out of bound");
+    m_figure->setIndent(std::numeric_limits<int>::max());
+    QCOMPARE(m_figure->getMinimumSize(), before);
 }
 
 void tst_TextFigure::snapToGridTakesEffectWithTheNextChange()
