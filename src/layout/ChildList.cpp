@@ -40,8 +40,17 @@ int ChildList::takeSlot()
     return slot;
 }
 
+bool ChildList::startLeaving(const Figure *child)
+{
+    if (!contains(child) || m_leaving.contains(child))
+        return false;
+    m_leaving.append(child);
+    return true;
+}
+
 int ChildList::remove(const Figure *child)
 {
+    m_leaving.removeOne(child);
     const int slot = slotOf(child);
     if (slot < 0)
         return slot;
@@ -69,7 +78,7 @@ QList<Figure *> ChildList::takeAll()
     m_freeSlots.clear();
     m_entries.clear();
     m_ordered.clear();
-    constraintObjects.clear();
+    m_leaving.clear();
     return all;
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "layout/ObjectConstraints_p.h"
+
 #include <vtlpictel/layout/Layout.h>
 
 #include <QHash>
 #include <QList>
-#include <QMultiHash>
 
 #include <deque>
 #include <optional>
@@ -32,6 +33,8 @@ public:
 
     /// Returns the slot.
     int insert(Figure *child, int index);
+    /// Marks \a child until it is removed; false when it is unknown or marked already.
+    bool startLeaving(const Figure *child);
     /// Returns the slot that \a child had, or -1.
     int remove(const Figure *child);
     QList<Figure *> takeAll();
@@ -44,8 +47,7 @@ public:
     Layout::LayoutHelper *helper(const Figure *child);
     void dropHelper(const Figure *child);
 
-    /// The children that have a QObject as constraint, by that object.
-    QMultiHash<QObject *, Figure *> constraintObjects;
+    ObjectConstraints objectConstraints;
 
 private:
     struct Entry
@@ -66,6 +68,8 @@ private:
     QList<Figure *> m_ordered;
     qsizetype m_holes = 0;
     quint64 m_departures = 0;
+    // As many as calls of Layout::remove() are under way, one inside the other.
+    QList<const Figure *> m_leaving;
     // By slot; the addresses of helpers must last.
     std::deque<Entry> m_entries;
     std::vector<int> m_freeSlots;

@@ -1,6 +1,7 @@
 #include "layout/ExtentIndex_p.h"
 
 #include "layout/RectConstraint_p.h"
+#include "support/LifeGuard.h"
 
 #include <vtlpictel/figure/Figure.h>
 #include <vtlpictel/layout/FreeformLayout.h>
@@ -18,9 +19,12 @@ ExtentIndex::ExtentIndex(FreeformLayout &layout)
 
 QRect ExtentIndex::extent()
 {
+    const LifeGuard<Layout> layout(&m_layout);
     for (const Question &question : takeQuestions()) {
         if (childAt(question.slot).figure == question.figure)
             ask(question);
+        if (!layout.isAlive())
+            return QRect();
     }
     const QRect whole = m_contributions.whole();
     return whole.isNull() ? lastNullContribution() : whole;
@@ -65,15 +69,16 @@ void ExtentIndex::childDestroyed()
     m_layout.examineExtent();
 }
 
-// The child's answer may come from an override that takes children out, this one included.
+// The child's answer may come from an override that takes children out, this one included, or deletes the layout.
 void ExtentIndex::ask(const Question &question)
 {
+    const LifeGuard<Layout> layout(&m_layout);
     const auto [child, slot] = question;
     const QVariant constraint = m_layout.getConstraint(child);
     const bool counts = isRectConstraint(constraint) && child->isVisible();
     const QRect asked = counts ? toRect(constraint) : QRect();
     const QRect contribution = counts ? child->resolveBounds(asked) : QRect();
-    if (childAt(slot).figure != child)
+    if (!layout.isAlive() || childAt(slot).figure != child)
         return;
     m_contributions.set(slot, contribution);
     const bool isUnsteady = counts && (!asked.isValid() || contribution != asked);

@@ -2,6 +2,7 @@
 
 #include "layout/ExtentIndex_p.h"
 #include "support/LifeGuard.h"
+#include "support/RectExtents.h"
 #include "support/SignalConnection.h"
 
 #include <vtlpictel/figure/Border.h>
@@ -77,9 +78,13 @@ bool FreeformLayout::isRelativeLayout() const
 
 QRect FreeformLayout::getFreeformExtent()
 {
-    if (!m_extent.isValid())
-        m_extent = calculateFreeformExtent();
-    return m_extent;
+    if (m_extent.isValid())
+        return m_extent;
+    const LifeGuard<Layout> self(this);
+    const QRect extent = calculateFreeformExtent();
+    if (self.isAlive())
+        m_extent = extent;
+    return extent;
 }
 
 void FreeformLayout::setContentMonitored(bool monitored)
@@ -94,8 +99,9 @@ void FreeformLayout::setContentMonitored(bool monitored)
 
 void FreeformLayout::examineExtent()
 {
+    const LifeGuard<Layout> self(this);
     const QRect extent = calculateFreeformExtent();
-    if (extent == m_extent)
+    if (!self.isAlive() || extent == m_extent)
         return;
     m_extent = extent;
     Q_EMIT extentChanged();
@@ -108,16 +114,16 @@ QSize FreeformLayout::calculatePreferredSize()
 
 QSize FreeformLayout::calculateMinimumSize()
 {
-    return getFreeformExtent().size();
+    return boundedSize(getFreeformExtent());
 }
 
 QRect FreeformLayout::calculateFreeformExtent() const
 {
-    const Figure *container = getFigure();
+    const QPointer<Figure> container = getFigure();
     if (!container)
         return QRect();
     QRect extent = m_index->extent();
-    if (const Border *border = container->getBorder())
+    if (const Border *border = container ? container->getBorder() : nullptr)
         border->getInsets().stripFrom(extent);
     return extent;
 }

@@ -1,6 +1,7 @@
 #include <vtlpictel/layout/FreeformStackLayout.h>
 
 #include "support/LifeGuard.h"
+#include "support/RectExtents.h"
 
 #include <vtlpictel/figure/Figure.h>
 #include <vtlpictel/layers/IFreeformFigure.h>
@@ -36,9 +37,13 @@ void FreeformStackLayout::examineExtent()
 
 QRect FreeformStackLayout::getFreeformExtent()
 {
-    if (!m_extent.isValid())
-        m_extent = calculateFreeformExtent();
-    return m_extent;
+    if (m_extent.isValid())
+        return m_extent;
+    const LifeGuard<Layout> self(this);
+    const QRect extent = calculateFreeformExtent();
+    if (self.isAlive())
+        m_extent = extent;
+    return extent;
 }
 
 void FreeformStackLayout::setFreeformBounds(const QRect &bounds)
@@ -60,7 +65,7 @@ QSize FreeformStackLayout::calculatePreferredSize()
 
 QSize FreeformStackLayout::calculateMinimumSize()
 {
-    return getFreeformExtent().size();
+    return boundedSize(getFreeformExtent());
 }
 
 bool FreeformStackLayout::performLayout(const QRect &)

@@ -102,24 +102,29 @@ bool Layout::insertChild(Figure *child, int index)
     return true;
 }
 
+// Each step calls out, and may be the end of the layout or have the child taken out again.
 void Layout::enterTree(Figure *child)
 {
-    const LifeGuard<Figure> guest(child);
-    child->revalidate();
-    if (m_figure && m_figure->getFlag(Figure::FLAG_NOTIFIED))
+    const LifeGuard<Layout> self(this);
+    const auto isChild = [&] { return self.isAlive() && holds(child); };
+    if (isChild())
+        child->revalidate();
+    if (isChild() && m_figure && m_figure->getFlag(Figure::FLAG_NOTIFIED))
         child->addNotify();
-    if (guest.isAlive())
+    if (isChild())
         child->repaint();
 }
 
+// Removing a child that is leaving already fails. It may die on its way, or the container, which lets go of it then.
 bool Layout::remove(Figure *child)
 {
-    if (!child || !holds(child))
+    if (!child || !m_children->startLeaving(child))
         return false;
     const LifeGuard<Layout> self(this);
     const LifeGuard<Figure> guest(child);
+    const auto isGone = [&] { return !guest.isAlive() || (self.isAlive() && !holds(child)); };
     notifyListeners([this](ILayoutListener *listener) { listener->remove(m_figure); });
-    if (!self.isAlive() || !holds(child))
+    if (!self.isAlive() || isGone())
         return true;
     dropConstraint(child);
     m_children->dropHelper(child);
@@ -129,11 +134,11 @@ bool Layout::remove(Figure *child)
         if (self.isAlive() && m_figure)
             m_figure->revalidate();
     }
-    if (guest.isAlive())
+    if (!isGone())
         child->erase();
-    if (guest.isAlive())
+    if (!isGone())
         child->setParentFigure(nullptr);
-    if (self.isAlive() && guest.isAlive())
+    if (self.isAlive() && !isGone())
         takeOut(child);
     return true;
 }
@@ -198,8 +203,8 @@ void Layout::watchConstraint(Figure *child, const QVariant &constraint)
     QObject *object = objectOf(constraint);
     if (!object)
         return;
-    m_children->constraintObjects.insert(object, child);
-    connect(object, &QObject::destroyed, this, &Layout::constraintObjectDestroyed, Qt::UniqueConnection);
+    if (m_children->objectConstraints.insert(object, child))
+        connect(object, &QObject::destroyed, this, &Layout::constraintObjectDestroyed);
 }
 
 void Layout::dropConstraint(Figure *child)
@@ -211,16 +216,14 @@ void Layout::dropConstraint(Figure *child)
     helper->constraint = QVariant();
     if (!object)
         return;
-    m_children->constraintObjects.remove(object, child);
-    if (!m_children->constraintObjects.contains(object))
+    if (m_children->objectConstraints.remove(object, child))
         disconnect(object, &QObject::destroyed, this, &Layout::constraintObjectDestroyed);
     releaseObject(object);
 }
 
 void Layout::constraintObjectDestroyed(QObject *object)
 {
-    const QList<Figure *> children = m_children->constraintObjects.values(object);
-    m_children->constraintObjects.remove(object);
+    const QList<Figure *> children = m_children->objectConstraints.take(object);
     for (Figure *child : children) {
         if (LayoutHelper *helper = getHelper(child))
             helper->constraint = QVariant();
@@ -229,16 +232,23 @@ void Layout::constraintObjectDestroyed(QObject *object)
 
 QSize Layout::getPreferredSize()
 {
-    if (!m_preferredSizeCache.isValid())
-        m_preferredSizeCache = calculatePreferredSize();
-    return m_preferredSizeCache;
+    return cachedSize(&Layout::m_preferredSizeCache, &Layout::calculatePreferredSize);
 }
 
 QSize Layout::getMinimumSize()
 {
-    if (!m_minimumSizeCache.isValid())
-        m_minimumSizeCache = calculateMinimumSize();
-    return m_minimumSizeCache;
+    return cachedSize(&Layout::m_minimumSizeCache, &Layout::calculateMinimumSize);
+}
+
+QSize Layout::cachedSize(QSize Layout::*cache, QSize (Layout::*calculate)())
+{
+    if ((this->*cache).isValid())
+        return this->*cache;
+    const LifeGuard<Layout> self(this);
+    const QSize size = (this->*calculate)();
+    if (self.isAlive())
+        this->*cache = size;
+    return size;
 }
 
 Qt::Orientations Layout::expandingDirections() const
@@ -462,12 +472,14 @@ void Layout::forget(Figure *child)
         m_childObserver->childDestroyed();
 }
 
+// The layout may be used for another container, so it must not go on following these children's moves.
 void Layout::releaseAll()
 {
-    const QList<QObject *> objects = m_children->constraintObjects.uniqueKeys();
+    const QList<QObject *> objects = m_children->objectConstraints.takeAll();
     const QList<Figure *> children = m_children->takeAll();
     for (Figure *child : children) {
         const int slot = child->leave(this);
+        disconnect(child, &Figure::figureMoved, this, nullptr);
         if (m_childObserver && slot >= 0)
             m_childObserver->childRemoved(slot);
     }

@@ -3,6 +3,7 @@
 #include "layout/LocatorConstraint_p.h"
 #include "layout/RectConstraint_p.h"
 #include "support/LifeGuard.h"
+#include "support/RectExtents.h"
 #include "support/SignalConnection.h"
 
 #include <vtlpictel/figure/Figure.h>
@@ -22,6 +23,11 @@ const SignalConnection &followedMoves()
 
 // A child whose locator (or own setBounds()) moves it anew each time it has moved would never come to rest.
 constexpr int MostNestedMoves = 64;
+
+constexpr QSize withMargin(const QSize &size)
+{
+    return QSize(boundedSum(size.width(), PreferredMargin), boundedSum(size.height(), PreferredMargin));
+}
 
 template <typename Length>
 Length completedLength(Length asked, int minimum, int preferred)
@@ -81,18 +87,27 @@ QPoint XYLayout::getOrigin(Figure *figure) const
 
 void XYLayout::childMoved(Figure *pFigure)
 {
-    if (!pFigure || !isLaidOut() || m_nestedMoves >= MostNestedMoves)
+    if (!pFigure || !isLaidOut() || nestedMoves(pFigure) >= MostNestedMoves)
         return;
     const LifeGuard<Layout> self(this);
     const LifeGuard<Figure> child(pFigure);
     recall(pFigure);
-    ++m_nestedMoves;
+    const Move move {pFigure, nestedMoves(pFigure) + 1, m_move};
+    m_move = &move;
     const bool changed = followMove(pFigure);
     if (!self.isAlive())
         return;
-    --m_nestedMoves;
+    m_move = move.outer;
     if (changed && child.isAlive())
         Q_EMIT constraintChanged(pFigure);
+}
+
+int XYLayout::nestedMoves(const Figure *child) const
+{
+    const Move *move = m_move;
+    while (move && move->child != child)
+        move = move->outer;
+    return move ? move->number : 0;
 }
 
 bool XYLayout::followMove(Figure *child)
@@ -143,7 +158,7 @@ bool XYLayout::setConstraint(Figure *child, const QVariant &constraint)
 
 QSize XYLayout::calculatePreferredSize()
 {
-    return getMinimumSize() + QSize(PreferredMargin, PreferredMargin);
+    return withMargin(getMinimumSize());
 }
 
 QSize XYLayout::calculateMinimumSize()
@@ -157,7 +172,7 @@ QSize XYLayout::calculateMinimumSize()
         const QRect asked = toRect(getConstraint(child));
         occupied |= QRect(asked.topLeft(), child->getPreferredSize().expandedTo(asked.size()));
     });
-    return occupied.size();
+    return boundedSize(occupied);
 }
 
 bool XYLayout::performLayout(const QRect &)

@@ -3,11 +3,15 @@
 
 #include <vtlpictel/figure/Insets.h>
 #include <vtlpictel/figure/SimpleBorder.h>
+#include <vtlpictel/layout/FreeformStackLayout.h>
 
 #include <QRandomGenerator>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <algorithm>
+#include <functional>
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -51,6 +55,29 @@ public:
                 parent->remove(figure);
         }
         return bounds;
+    }
+};
+
+// Leaves rectangles as they are until it is told to grow them, and can act when it is asked.
+class ChangeableFigure : public HintedFigure
+{
+public:
+    int growth = 0;
+    std::function<void()> action;
+    std::function<void()> onRemoveNotify;
+
+    QRect resolveBounds(const QRect &bounds) override
+    {
+        const int grown = growth;
+        if (const auto current = std::exchange(action, nullptr))
+            current();
+        return bounds.adjusted(-grown, -grown, grown, grown);
+    }
+    void removeNotify() override
+    {
+        HintedFigure::removeNotify();
+        if (onRemoveNotify)
+            onRemoveNotify();
     }
 };
 
@@ -203,6 +230,13 @@ private Q_SLOTS:
     void examiningAsksOnlyTheChildThatChanged();
     void examiningLeavesOutAChildThatIsLeaving();
     void examiningSurvivesChildrenThatLeaveWhenAsked();
+    void examiningSurvivesItsLayout();
+    void examiningSurvivesItsContainer();
+    void answerToAConstraintIsKeptUntilTheConstraintIsSet();
+    void childRemovedWhileLeavingTakesNoOtherAlong();
+    void childrenWithoutAreaAreRemovedByTheThousand();
+    void extentWiderThanTheNumbersHasABoundedSize();
+    void examineExtentIsAPublicSlot();
 };
 
 void tst_FreeformExtent::extentUnitesRectangleConstraints()
@@ -399,6 +433,107 @@ void tst_FreeformExtent::examiningSurvivesChildrenThatLeaveWhenAsked()
     m_layout->examineExtent();
     QCOMPARE(m_container->childFigureCount(), 1);
     QCOMPARE(m_layout->calculateFreeformExtent(), QRect(10, 20, 30, 40));
+}
+
+void tst_FreeformExtent::examiningSurvivesItsLayout()
+{
+    addChild(QRect(10, 20, 30, 40));
+    ChangeableFigure figure;
+    m_container->add(&figure, QRect(-5, -6, 3, 4));
+    QSignalSpy changes(m_layout, &FreeformLayout::extentChanged);
+    figure.action = [this] { delete m_layout; };
+    m_layout->examineExtent();
+    QCOMPARE(m_container->getLayoutManager(), nullptr);
+    QCOMPARE(changes.size(), 0);
+
+    auto *layout = new OpenFreeformLayout(m_container.get(), false);
+    m_container->setLayoutManager(layout);
+    m_container->add(&figure, QRect(-5, -6, 3, 4));
+    figure.action = [layout] { delete layout; };
+    layout->getMinimumSize();
+    QCOMPARE(m_container->getLayoutManager(), nullptr);
+}
+
+void tst_FreeformExtent::examiningSurvivesItsContainer()
+{
+    OpenFreeformLayout layout(nullptr, true);
+    auto container = std::make_unique<Figure>();
+    container->setLayoutManager(&layout);
+    ChangeableFigure figure;
+    container->add(&figure, QRect(-5, -6, 3, 4));
+    figure.action = [&] { container.reset(); };
+    layout.examineExtent();
+    QCOMPARE(container.get(), nullptr);
+    QCOMPARE(layout.calculateFreeformExtent(), QRect());
+}
+
+void tst_FreeformExtent::answerToAConstraintIsKeptUntilTheConstraintIsSet()
+{
+    ChangeableFigure figure;
+    m_container->add(&figure, QRect(10, 20, 30, 40));
+    m_layout->examineExtent();
+    figure.growth = 3;
+    m_layout->examineExtent();
+    QCOMPARE(m_layout->getFreeformExtent(), QRect(10, 20, 30, 40));
+    m_layout->setConstraint(&figure, QRect(10, 20, 30, 41));
+    m_layout->examineExtent();
+    QCOMPARE(m_layout->getFreeformExtent(), QRect(7, 17, 36, 47));
+    figure.growth = 4;
+    m_layout->examineExtent();
+    QCOMPARE(m_layout->getFreeformExtent(), QRect(6, 16, 38, 49));
+}
+
+void tst_FreeformExtent::childRemovedWhileLeavingTakesNoOtherAlong()
+{
+    m_container->addNotify();
+    addChild(QRect(10, 20, 30, 40));
+    ChangeableFigure figure;
+    m_container->add(&figure, QRect(-5, -6, 3, 4));
+    m_layout->examineExtent();
+    figure.onRemoveNotify = [&] { m_container->remove(&figure); };
+    QVERIFY(m_container->remove(&figure));
+    QCOMPARE(m_container->childFigureCount(), 1);
+    QCOMPARE(m_layout->getFreeformExtent(), QRect(10, 20, 30, 40));
+    QCOMPARE(m_layout->calculateFreeformExtent(), QRect(10, 20, 30, 40));
+    HintedFigure *next = addChild(QRect(100, 20, 5, 5));
+    QCOMPARE(m_layout->calculateFreeformExtent(), QRect(10, 20, 95, 40));
+    m_container->remove(next);
+    QCOMPARE(m_layout->calculateFreeformExtent(), QRect(10, 20, 30, 40));
+}
+
+void tst_FreeformExtent::childrenWithoutAreaAreRemovedByTheThousand()
+{
+    std::vector<std::unique_ptr<ResolvingFigure>> figures;
+    for (int place = 0; place < 2000; ++place) {
+        figures.push_back(std::make_unique<ResolvingFigure>(QSize(4, 6)));
+        m_container->add(figures.back().get(), QRect(10 * place, place, 0, 0));
+    }
+    m_layout->examineExtent();
+    for (int left = 2000; left > 0; --left) {
+        QCOMPARE(m_layout->getFreeformExtent(), QRect(0, 0, 10 * left - 6, left + 5));
+        m_container->remove(figures[size_t(left - 1)].get());
+    }
+    QCOMPARE(m_layout->getFreeformExtent(), QRect());
+}
+
+void tst_FreeformExtent::extentWiderThanTheNumbersHasABoundedSize()
+{
+    constexpr int highest = std::numeric_limits<int>::max();
+    constexpr int far = 1500000000;
+    addChild(QRect(-far, -far, 100, 100));
+    addChild(QRect(QPoint(far, far), QSize(100, 100)));
+    QCOMPARE(m_layout->getFreeformExtent(), QRect(QPoint(-far, -far), QPoint(far + 99, far + 99)));
+    QCOMPARE(m_layout->getMinimumSize(), QSize(highest, highest));
+    QCOMPARE(m_layout->getPreferredSize(), QSize(highest, highest));
+}
+
+void tst_FreeformExtent::examineExtentIsAPublicSlot()
+{
+    for (const QMetaObject *meta : {&FreeformLayout::staticMetaObject, &FreeformStackLayout::staticMetaObject}) {
+        const QMetaMethod examine = meta->method(meta->indexOfSlot("examineExtent()"));
+        QCOMPARE(examine.access(), QMetaMethod::Public);
+        QCOMPARE(examine.enclosingMetaObject(), meta);
+    }
 }
 
 PICTEL_TEST_MAIN(tst_FreeformExtent)

@@ -6,9 +6,11 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QSharedPointer>
 #include <QTest>
 
 #include <memory>
+#include <vector>
 
 using namespace Vantrel::Pictel;
 
@@ -82,6 +84,10 @@ private Q_SLOTS:
     void releaseIsDeferred();
     void deletedObjectLeavesAnInvalidConstraint();
     void plainValueReplacesAnObject();
+    void guardedPointerCountsAsItsObject();
+    void sharedPointerKeepsItsObject();
+    void objectSharedByManyChildrenIsLetGoQuickly();
+    void deletedObjectOfManyChildrenLeavesNone();
 };
 
 void tst_LayoutConstraints::plainValueIsToldStoredAndApplied()
@@ -376,6 +382,71 @@ void tst_LayoutConstraints::plainValueReplacesAnObject()
     QCOMPARE(bench.layout.getConstraint(&bench.child), QVariant(1));
     QCOMPARE(bench.log.calls(), QStringList({"layout.setConstraint(child)", told, applied}));
     QCOMPARE(locator.calls, 1);
+}
+
+void tst_LayoutConstraints::guardedPointerCountsAsItsObject()
+{
+    Bench bench;
+    auto *locator = new ProbeLocator(QRect(1, 2, 3, 4));
+    const QPointer<ProbeLocator> guard(locator);
+    QVERIFY(bench.layout.setConstraint(&bench.child, QVariant::fromValue(guard)));
+    QCOMPARE(locator->calls, 1);
+    QCOMPARE(bench.child.getBounds(), QRect(1, 2, 3, 4));
+    bench.log.clear();
+    QVERIFY(bench.layout.setConstraint(&bench.child, objectVariant(locator)));
+    QCOMPARE(locator->calls, 2);
+    QVERIFY(!bench.log.calls().contains(told));
+    bench.layout.remove(&bench.child);
+    deleteDeferred();
+    QVERIFY(guard.isNull());
+}
+
+void tst_LayoutConstraints::sharedPointerKeepsItsObject()
+{
+    Bench bench;
+    const QSharedPointer<ProbeLocator> locator(new ProbeLocator(QRect(1, 2, 3, 4)));
+    bench.layout.setConstraint(&bench.child, QVariant::fromValue(locator));
+    bench.layout.remove(&bench.child);
+    deleteDeferred();
+    QCOMPARE(locator->parent(), nullptr);
+    QCOMPARE(locator->calls, 0);
+}
+
+// Slow enough to be noticed if each removal looked through the other children.
+void tst_LayoutConstraints::objectSharedByManyChildrenIsLetGoQuickly()
+{
+    Figure container;
+    ProbeLayout layout;
+    container.setLayoutManager(&layout);
+    ProbeLocator locator(QRect(), this);
+    std::vector<std::unique_ptr<Figure>> figures;
+    for (int number = 0; number < 100000; ++number) {
+        figures.push_back(std::make_unique<Figure>());
+        container.add(figures.back().get(), objectVariant(&locator));
+    }
+    QCOMPARE(locator.calls, 100000);
+    for (const auto &figure : figures)
+        QVERIFY(container.remove(figure.get()));
+    QCOMPARE(container.childFigureCount(), 0);
+}
+
+void tst_LayoutConstraints::deletedObjectOfManyChildrenLeavesNone()
+{
+    Figure container;
+    ProbeLayout layout;
+    container.setLayoutManager(&layout);
+    Figure figures[4];
+    ProbeLocator other(QRect(), this);
+    auto shared = std::make_unique<ProbeLocator>();
+    container.add(&figures[0], objectVariant(&other));
+    for (int number = 1; number < 4; ++number)
+        container.add(&figures[number], objectVariant(shared.get()));
+    container.remove(&figures[1]);
+    QCOMPARE(layout.getConstraint(&figures[2]).value<QObject *>(), shared.get());
+    shared.reset();
+    QVERIFY(!layout.getConstraint(&figures[2]).isValid());
+    QVERIFY(!layout.getConstraint(&figures[3]).isValid());
+    QCOMPARE(layout.getConstraint(&figures[0]).value<QObject *>(), &other);
 }
 
 PICTEL_TEST_MAIN(tst_LayoutConstraints)

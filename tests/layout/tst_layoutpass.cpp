@@ -57,6 +57,21 @@ QStyleOptionViewItem optionFor(const QRect &rect)
     return option;
 }
 
+/// Shows other children than it holds, and counts the layout passes.
+class SubstitutingLayout : public ProbeLayout
+{
+public:
+    QList<Figure *> shown;
+    int passes = 0;
+
+    QList<Figure *> childFigures() const override { return shown; }
+    bool layout(Figure *container) override
+    {
+        ++passes;
+        return ProbeLayout::layout(container);
+    }
+};
+
 /// Deletes a layout while that lays out.
 class DeletingListener : public LayoutListenerProbe
 {
@@ -105,6 +120,8 @@ private Q_SLOTS:
     void renderOfUnclippingLayoutLeavesTheClip();
     void renderRestoresThePainter();
     void renderPassesTheOptionOn();
+    void renderGoesThroughTheVirtualLayout();
+    void childrenAreThoseOfTheVirtualList();
     void baseLayoutClips();
 
     void topmostVisibleDescendantIsFound();
@@ -362,6 +379,40 @@ void tst_LayoutPass::renderPassesTheOptionOn()
     QPainter painter(&device);
     bench.layout.render(&painter, optionFor(QRect(12, 22, 1, 1)));
     QCOMPARE(bench.log.only({"render"}), QStringList({"below.render(12,22 1x1)", "above.render(12,22 1x1)"}));
+}
+
+void tst_LayoutPass::renderGoesThroughTheVirtualLayout()
+{
+    SubstitutingLayout layout;
+    Figure container;
+    container.setBounds(QRect(0, 0, 100, 80));
+    container.setLayoutManager(&layout);
+    RecordingPaintDevice device;
+    QPainter painter(&device);
+    layout.render(&painter, optionFor(QRect(0, 0, 500, 500)));
+    QCOMPARE(layout.passes, 1);
+    layout.render(&painter, optionFor(QRect(0, 0, 500, 500)));
+    QCOMPARE(layout.passes, 1);
+}
+
+void tst_LayoutPass::childrenAreThoseOfTheVirtualList()
+{
+    SubstitutingLayout layout;
+    Figure container;
+    container.setLayoutManager(&layout);
+    Figure figures[3];
+    for (int number = 0; number < 3; ++number) {
+        figures[number].setBounds(QRect(0, 0, 10, 10));
+        layout.add(&figures[number], 1U << number, 10U << number, -1);
+    }
+    layout.shown = {&figures[2], &figures[0]};
+    QCOMPARE(layout.getVTotalStretch(), 5U);
+    QCOMPARE(layout.getHTotalStretch(), 50U);
+    const EveryFigure search;
+    QCOMPARE(layout.findDescendantAtExcluding(5, 5, search), &figures[0]);
+    QList<Figure *> found;
+    layout.findDescendantFigures(found, QRect(5, 5, 1, 1), search, false);
+    QCOMPARE(found, QList<Figure *>({&figures[2], &figures[0]}));
 }
 
 void tst_LayoutPass::baseLayoutClips()

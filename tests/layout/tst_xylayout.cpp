@@ -54,6 +54,7 @@ private Q_SLOTS:
     void minimumSizeLeavesHiddenChildrenOut();
     void minimumSizeUnitesAllChildren();
     void preferredSizeAddsTenPixels();
+    void sizesAtTheEndsOfTheNumbersDoNotWrap();
 
     void originIsTheClientAreasCorner();
     void originOfNullOrInvalidAreaIsZero();
@@ -347,6 +348,14 @@ void tst_XYLayout::preferredSizeAddsTenPixels()
 {
     m_container->add(m_child.get(), QRect(100, 100, 40, 20));
     QCOMPARE(m_layout->getPreferredSize(), QSize(150, 130));
+}
+
+void tst_XYLayout::sizesAtTheEndsOfTheNumbersDoNotWrap()
+{
+    constexpr int highest = std::numeric_limits<int>::max();
+    m_container->add(m_child.get(), QRect(QPoint(highest - 49, highest - 49), QPoint(highest, highest)));
+    QCOMPARE(m_layout->getMinimumSize(), QSize(highest, highest));
+    QCOMPARE(m_layout->getPreferredSize(), QSize(highest, highest));
 }
 
 void tst_XYLayout::originIsTheClientAreasCorner()

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 using namespace Vantrel::Pictel;
 
@@ -63,6 +64,10 @@ private Q_SLOTS:
     void removedChildIsNotWatched();
     void watchingCanBeEndedBySignature();
     void childTakenAwayWhileAddedIsNotWatched();
+    void longChainOfMovesIsFollowedToItsEnd();
+    void metaObjectNamesTheMovedFigure();
+    void layoutForAnotherContainerWatchesOnce();
+    void addHasDefaultArguments();
 };
 
 void tst_XYLayoutMoves::movedChildBecomesItsConstraint()
@@ -294,6 +299,60 @@ void tst_XYLayoutMoves::childTakenAwayWhileAddedIsNotWatched()
     m_container->add(m_child.get(), QRect(5, 6, 7, 8));
     QCOMPARE(m_container->childFigureCount(), 0);
     QCOMPARE(m_child->moveReceivers(), 1);
+}
+
+// Each figure of the chain pushes the next one from within its own move.
+void tst_XYLayoutMoves::longChainOfMovesIsFollowedToItsEnd()
+{
+    std::vector<std::unique_ptr<Figure>> chain;
+    for (int number = 0; number < 200; ++number) {
+        chain.push_back(std::make_unique<Figure>());
+        m_container->add(chain.back().get(), QRect(number, 0, 10, 10));
+    }
+    for (size_t number = 0; number + 1 < chain.size(); ++number) {
+        Figure *next = chain[number + 1].get();
+        connect(chain[number].get(), &Figure::figureMoved, this,
+                [next] { next->setBounds(QRect(next->getBounds().x(), 50, 10, 10)); });
+    }
+    m_layout->setLaidOut(true);
+    QSignalSpy changes(m_layout, &XYLayout::constraintChanged);
+    chain[0]->setBounds(QRect(0, 50, 10, 10));
+    for (int number = 0; number < 200; ++number)
+        QCOMPARE(m_layout->getConstraint(chain[size_t(number)].get()), QVariant(QRect(number, 50, 10, 10)));
+    QCOMPARE(changes.size(), 200);
+}
+
+void tst_XYLayoutMoves::metaObjectNamesTheMovedFigure()
+{
+    const QMetaObject &meta = XYLayout::staticMetaObject;
+    const QMetaMethod changed = meta.method(meta.indexOfSignal("constraintChanged(Figure*)"));
+    QCOMPARE(changed.parameterNames(), QList<QByteArray>({"pFigure"}));
+    const QMetaMethod moved = meta.method(meta.indexOfSlot("childMoved(Figure*)"));
+    QCOMPARE(moved.parameterNames(), QList<QByteArray>({"pFigure"}));
+    QCOMPARE(moved.access(), QMetaMethod::Public);
+}
+
+void tst_XYLayoutMoves::layoutForAnotherContainerWatchesOnce()
+{
+    OpenXYLayout layout;
+    auto container = std::make_unique<Figure>();
+    container->setLayoutManager(&layout);
+    container->add(m_child.get(), QRect(5, 6, 7, 8));
+    container.reset();
+    QCOMPARE(m_child->moveReceivers(), 0);
+    Figure next;
+    next.setLayoutManager(&layout);
+    next.add(m_child.get(), QRect(5, 6, 7, 8));
+    QCOMPARE(m_child->moveReceivers(), 1);
+}
+
+void tst_XYLayoutMoves::addHasDefaultArguments()
+{
+    Figure second;
+    QVERIFY(m_layout->add(m_child.get()));
+    QVERIFY(static_cast<Layout *>(m_layout)->add(&second));
+    QCOMPARE(m_layout->childFigures(), QList<Figure *>({m_child.get(), &second}));
+    QCOMPARE(m_layout->getConstraint(m_child.get()), QVariant());
 }
 
 PICTEL_TEST_MAIN(tst_XYLayoutMoves)

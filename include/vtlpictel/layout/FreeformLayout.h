@@ -19,7 +19,11 @@ class ExtentIndex;
 /// The extent is computed when it is first asked for and then kept. It is examined again, and extentChanged() emitted
 /// if it differs, by examineExtent(), when a child is removed or deleted, and, while the content is monitored, when a
 /// child moves. After adding or hiding a child, or setting a constraint that moves nothing, call examineExtent().
-/// Examining costs a little for each child that changed since the last time, not for all of them.
+/// Examining costs a little for each child that changed since the last time, not for all of them. Children whose
+/// constraint is a rectangle without area, or who resolve one with area to another (Figure::resolveBounds()), count as
+/// changed each time, since their preferred size may be another; thousands of them make each removal slow.
+/// A child that left its constraint rectangle as it is keeps that answer until its constraint or visibility is set:
+/// an override that would give another one later calls for setConstraint() first.
 ///
 /// Ownership and bad input: see Layout.
 class VTLPICTEL_EXPORT FreeformLayout : public XYLayout
@@ -35,7 +39,7 @@ public:
     /// Always (0, 0).
     QPoint getOrigin(Figure *figure) const override;
 
-    bool add(Figure *child, const QVariant &constraint, int index) override;
+    bool add(Figure *child, const QVariant &constraint = QVariant(), int index = -1) override;
     bool add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index) override;
     bool remove(Figure *child) override;
     /// False: the children share the coordinates of the container's parent.

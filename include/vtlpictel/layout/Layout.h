@@ -61,10 +61,10 @@ public:
 
     /// Adds \a child at \a index (negative or too large: on top), makes the container its parent and applies the
     /// constraint. Ownership of the child does not move.
-    virtual bool add(Figure *child, const QVariant &constraint, int index);
+    virtual bool add(Figure *child, const QVariant &constraint = QVariant(), int index = -1);
     /// Adds \a child with stretch factors; its bounds, unless null, become its constraint.
     virtual bool add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index);
-    /// Takes \a child out; it is not deleted.
+    /// Takes \a child out; it is not deleted. False also when \a child is being taken out already.
     virtual bool remove(Figure *child);
     /// The children from bottom to top.
     virtual QList<Figure *> childFigures() const;
@@ -165,6 +165,7 @@ private:
     void releaseAll();
     quint64 departures() const;
     void notifyListeners(const std::function<void(ILayoutListener *)> &notify);
+    QSize cachedSize(QSize Layout::*cache, QSize (Layout::*calculate)());
     unsigned int totalStretch(quint32 LayoutHelper::*stretch) const;
 
     QPointer<Figure> m_figure;

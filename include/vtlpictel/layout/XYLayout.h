@@ -33,7 +33,7 @@ public Q_SLOTS:
     virtual void childMoved(Figure *pFigure);
 
 public:
-    bool add(Figure *child, const QVariant &constraint, int index) override;
+    bool add(Figure *child, const QVariant &constraint = QVariant(), int index = -1) override;
     bool add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index) override;
     bool remove(Figure *child) override;
     /// Completes a rectangle by the child's preferred and minimum size before it is stored; see Layout.
@@ -54,11 +54,20 @@ protected:
     bool applyConstraint(Figure *child, const QVariant &constraint) override;
 
 private:
+    struct Move
+    {
+        const Figure *child;
+        int number;
+        const Move *outer;
+    };
+
     template <typename... Arguments>
     bool addWatched(Figure *child, const Arguments &...arguments);
     bool followMove(Figure *child);
+    int nestedMoves(const Figure *child) const;
 
-    int m_nestedMoves = 0;
+    // The moves being followed, one inside the other, the innermost first; numbered per child.
+    const Move *m_move = nullptr;
 };
 
 } // namespace Vantrel::Pictel
