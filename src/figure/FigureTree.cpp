@@ -12,6 +12,7 @@
 #include <vtlpictel/layout/Layout.h>
 
 #include <QMessageLogger>
+#include <QSet>
 
 #include <iterator>
 
@@ -138,20 +139,39 @@ void Figure::setParentFigure(Figure *parent)
     Q_EMIT propertyChanged(PROPERTY_PARENT, QVariant::fromValue(old), QVariant::fromValue(parent));
 }
 
-// A figure that was added to several parents has several ways up: all are followed.
+// A figure that was added to several parents has several ways up: all are followed, each figure on them once. The usual
+// single way needs no book of the figures passed.
 bool Figure::isSelfOrAncestorOf(const Figure *other) const
 {
-    if (other == this)
-        return true;
-    const Figure *parent = other->m_parentFigure;
-    if (parent && isSelfOrAncestorOf(parent))
-        return true;
-    for (const Holder &holder : std::as_const(other->m_holders)) {
-        const Figure *container = holder.layout->getFigure();
-        if (container && container != parent && isSelfOrAncestorOf(container))
+    QVarLengthArray<const Figure *, 16> open {other};
+    QSet<const Figure *> passed;
+    bool hasBranched = false;
+    while (!open.isEmpty()) {
+        const Figure *figure = open.last();
+        open.removeLast();
+        if (figure == this)
             return true;
+        if (hasBranched && passed.contains(figure))
+            continue;
+        figure->appendContainers(open);
+        hasBranched = hasBranched || open.size() > 1;
+        if (hasBranched)
+            passed.insert(figure);
     }
     return false;
+}
+
+template <typename Figures>
+void Figure::appendContainers(Figures &containers) const
+{
+    const Figure *parent = m_parentFigure;
+    if (parent)
+        containers.append(parent);
+    for (const Holder &holder : std::as_const(m_holders)) {
+        const Figure *container = holder.layout->getFigure();
+        if (container && container != parent)
+            containers.append(container);
+    }
 }
 
 Layout *Figure::getLayoutManager() const

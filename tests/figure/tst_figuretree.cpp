@@ -36,6 +36,8 @@ private Q_SLOTS:
     void addOfAChildTwiceIsRefused();
     void addOfItselfIsRefused();
     void addOfAnAncestorIsRefused();
+    void ancestorsAreFoundOnAnyWayUp();
+    void manyWaysUpAreFollowedQuickly();
     void addToASecondParentMovesTheParentPointer();
     void nullLayoutIsIgnored();
     void layoutIsReplacedAndHandedBack();
@@ -173,6 +175,42 @@ void tst_FigureTree::addOfAnAncestorIsRefused()
     QCOMPARE(leaf.childFigureCount(), 0);
     QCOMPARE(root.getParentFigure(), nullptr);
     QCOMPARE(brokenInvariant(&root), QString());
+}
+
+void tst_FigureTree::ancestorsAreFoundOnAnyWayUp()
+{
+    ProbeFigure left;
+    ProbeFigure right;
+    ProbeFigure below;
+    ProbeLayout layouts[3];
+    left.setLayoutManager(&layouts[0]);
+    right.setLayoutManager(&layouts[1]);
+    below.setLayoutManager(&layouts[2]);
+    QVERIFY(left.add(&below));
+    QVERIFY(right.add(&below));
+    QVERIFY(!below.add(&left));
+    QVERIFY(!below.add(&right));
+    QVERIFY(!below.add(&below));
+    QVERIFY(left.add(&right));
+    QVERIFY(!right.add(&left));
+}
+
+// Two figures on each level, both children of both figures above: the ways up double with each level.
+void tst_FigureTree::manyWaysUpAreFollowedQuickly()
+{
+    constexpr size_t levels = 60;
+    ProbeFigure figures[levels][2];
+    ProbeLayout layouts[levels][2];
+    for (size_t level = 0; level < levels; ++level) {
+        for (size_t side = 0; side < 2; ++side) {
+            figures[level][side].setLayoutManager(&layouts[level][side]);
+            for (size_t above = 0; level > 0 && above < 2; ++above)
+                QVERIFY(layouts[level - 1][above].add(&figures[level][side], QVariant(), -1));
+        }
+    }
+    QVERIFY(!figures[levels - 1][0].add(&figures[0][1]));
+    ProbeFigure last;
+    QVERIFY(figures[levels - 1][1].add(&last));
 }
 
 void tst_FigureTree::addToASecondParentMovesTheParentPointer()

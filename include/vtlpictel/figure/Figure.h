@@ -288,6 +288,8 @@ private:
     int slotIn(const Layout *layout) const;
     int leave(const Layout *layout);
     bool isSelfOrAncestorOf(const Figure *other) const;
+    template <typename Figures>
+    void appendContainers(Figures &containers) const;
     void tellHolders();
     void leaveHolders();
     void releaseChildren();
