@@ -41,15 +41,18 @@ void LabelFigure::setPixmap(const QPixmap &pixmap)
         m_pixmapFigure->setPixmap(pixmap);
 }
 
+// Whoever hears of the children's moves may delete the label.
 void LabelFigure::setOrientation(Qt::Orientations orientation)
 {
+    const QPointer<LabelFigure> self(this);
     m_orientation = orientation;
-    Layout *layout = createLayout();
     const QList<Figure *> current = childFigures();
     const QList<QPointer<Figure>> children(current.begin(), current.end());
     removeChildren(children);
-    delete setLayoutManager(layout);
-    addChildren(children);
+    if (self)
+        delete setLayoutManager(createLayout());
+    if (self)
+        addChildren(children);
 }
 
 Layout *LabelFigure::createLayout()
@@ -62,14 +65,20 @@ Layout *LabelFigure::createLayout()
 
 void LabelFigure::removeChildren(const QList<QPointer<Figure>> &children)
 {
-    for (const QPointer<Figure> &child : children)
-        remove(child);
+    const QPointer<LabelFigure> self(this);
+    for (const QPointer<Figure> &child : children) {
+        if (self)
+            remove(child);
+    }
 }
 
 void LabelFigure::addChildren(const QList<QPointer<Figure>> &children)
 {
-    for (const QPointer<Figure> &child : children)
-        add(child, 0U, 0U, -1);
+    const QPointer<LabelFigure> self(this);
+    for (const QPointer<Figure> &child : children) {
+        if (self)
+            add(child, 0U, 0U, -1);
+    }
 }
 
 void LabelFigure::setExpandingDirections(Qt::Orientations directions)

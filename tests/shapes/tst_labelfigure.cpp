@@ -14,6 +14,7 @@
 #include <QTest>
 
 #include <memory>
+#include <utility>
 
 using namespace Vantrel::Pictel;
 
@@ -75,6 +76,9 @@ private Q_SLOTS:
     void childrenLeaveTheOldLayoutBeforeItIsReplaced();
     void otherChildrenMoveAlong();
     void childrenMoveAlongWhileShown();
+    void labelDeletedWhileItsChildrenMoveIsSurvived_data();
+    void labelDeletedWhileItsChildrenMoveIsSurvived();
+    void orientationSetWhileTheChildrenMoveWins();
     void newLayoutTakesTheExpandingDirections();
     void expandingDirectionsReachTheLayout();
 
@@ -283,6 +287,53 @@ void tst_LabelFigure::childrenMoveAlongWhileShown()
     QVERIFY(!m_label->getFlag(Figure::FLAG_VALID));
     QVERIFY(!tree.takeRepaints().isEmpty());
     tree.root().remove(m_label.get());
+}
+
+void tst_LabelFigure::labelDeletedWhileItsChildrenMoveIsSurvived_data()
+{
+    QTest::addColumn<int>("call");
+    QTest::newRow("first child leaves") << 1;
+    QTest::newRow("second child leaves") << 2;
+    QTest::newRow("first child enters") << 3;
+    QTest::newRow("second child enters") << 4;
+}
+
+// The children change their parent figure four times.
+void tst_LabelFigure::labelDeletedWhileItsChildrenMoveIsSurvived()
+{
+    QFETCH(int, call);
+    auto *label = new LabelFigure(helloText, pixmapOf(QSize(20, 10)), Qt::Horizontal);
+    const QPointer<LabelFigure> guard(label);
+    // Deleting the label now must not take the child along whose signal is being heard.
+    const QList<Figure *> parts = partsOf(*label);
+    int calls = 0;
+    for (Figure *part : parts) {
+        part->setParent(nullptr);
+        connect(part, &Figure::propertyChanged, this, [&] {
+            if (++calls == call)
+                delete guard.data();
+        });
+    }
+    label->setOrientation(Qt::Vertical);
+    QVERIFY(guard.isNull());
+    QCOMPARE(calls, call);
+    qDeleteAll(parts);
+}
+
+void tst_LabelFigure::orientationSetWhileTheChildrenMoveWins()
+{
+    LabelFigure label(helloText, pixmapOf(QSize(20, 10)), Qt::Horizontal);
+    const QList<Figure *> parts = partsOf(label);
+    bool isFirst = true;
+    connect(parts.first(), &Figure::propertyChanged, this, [&] {
+        if (std::exchange(isFirst, false))
+            label.setOrientation(Qt::Horizontal);
+    });
+    label.setOrientation(Qt::Vertical);
+    QVERIFY(qobject_cast<HBoxLayout *>(label.getLayoutManager()));
+    QCOMPARE(label.childFigures(), parts);
+    QCOMPARE(label.findChildren<Layout *>().size(), 1);
+    QCOMPARE(brokenInvariant(&label), QString());
 }
 
 void tst_LabelFigure::newLayoutTakesTheExpandingDirections()
