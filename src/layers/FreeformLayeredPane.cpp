@@ -6,6 +6,7 @@
 #include <vtlpictel/layout/FreeformStackLayout.h>
 
 #include <QLine>
+#include <QLineF>
 #include <QPainter>
 #include <QPen>
 #include <QStyleOptionViewItem>
@@ -16,8 +17,10 @@ namespace Vantrel::Pictel {
 
 namespace {
 
-// Up to this many lines a grid is painted as a whole; of a larger one only the lines that can be seen.
-constexpr qint64 MaximumGridLines = 20000;
+// Up to this many lines a grid is painted as a whole; of a larger one only the lines that can be seen apart.
+constexpr qint64 MaximumWholeGrid = 20000;
+// More lines than the pixels of any device call for would only take time.
+constexpr qint64 MaximumGridLines = 1000000;
 
 bool isFreeformLayer(Layer *layer)
 {
@@ -59,6 +62,13 @@ struct GridAxis
         first += skipped * step;
     }
 
+    // Drops the lines between those that lie about a pixel apart. Spacing is that of the lines on the device.
+    void thinOut(double spacing)
+    {
+        if (spacing < 1.0)
+            step *= qMax<qint64>(1, static_cast<qint64>(qMin(1.0 / spacing, double(count()))));
+    }
+
     qint64 linesUpTo(double position) const
     {
         const double offset = qBound(double(first), boundedCoordinate(position), double(end)) - double(first);
@@ -80,6 +90,17 @@ void limitToVisible(GridAxis &rows, GridAxis &columns, const QPainter &painter)
     const QRectF area = visibleArea(painter).adjusted(-1, -1, 1, 1);
     rows.limitTo(area.top(), area.bottom());
     columns.limitTo(area.left(), area.right());
+}
+
+double lengthOnDevice(const QLineF &line, const QPainter &painter)
+{
+    return painter.combinedTransform().map(line).length();
+}
+
+void limitToDistinct(GridAxis &rows, GridAxis &columns, const QPainter &painter)
+{
+    rows.thinOut(lengthOnDevice(QLineF(0, 0, 0, double(rows.step)), painter));
+    columns.thinOut(lengthOnDevice(QLineF(0, 0, double(columns.step), 0), painter));
 }
 
 void appendLines(QList<QLine> &lines, const GridAxis &axis, const QLine &firstLine, const QPoint &direction)
@@ -196,8 +217,10 @@ void FreeformLayeredPane::drawGrid(QPainter *painter, const QRect &rect, int ste
         return;
     GridAxis rows(rect.top(), rect.bottom(), step);
     GridAxis columns(rect.left(), rect.right(), step);
-    if (rows.count() + columns.count() > MaximumGridLines)
+    if (rows.count() + columns.count() > MaximumWholeGrid) {
         limitToVisible(rows, columns, *painter);
+        limitToDistinct(rows, columns, *painter);
+    }
     if (rows.count() + columns.count() <= MaximumGridLines)
         painter->drawLines(gridLines(rect, rows, columns));
 }

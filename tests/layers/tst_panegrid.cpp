@@ -1,3 +1,4 @@
+#include "support/DisplayedRoot.h"
 #include "support/RecordingPaintDevice.h"
 #include "support/TestMain.h"
 
@@ -37,7 +38,9 @@ private Q_SLOTS:
     void enormousGridPaintsOnlyWhatIsVisible();
     void enormousGridLooksLikeASmallOne();
     void enormousGridHonoursTheClip();
-    void tooDenseGridPaintsNothing();
+    void denseGridPaintsALineForEveryPixel();
+    void denseGridKeepsLinesThatLieApart();
+    void settingTheGridRepaintsNothing();
     void gridAtTheEndsOfTheNumbersDoesNotHang_data();
     void gridAtTheEndsOfTheNumbersDoesNotHang();
 };
@@ -351,15 +354,58 @@ void tst_PaneGrid::enormousGridHonoursTheClip()
     QVERIFY(rows.last().y1() >= 605.0 && rows.last().y1() <= 615.0);
 }
 
-void tst_PaneGrid::tooDenseGridPaintsNothing()
+void tst_PaneGrid::denseGridPaintsALineForEveryPixel()
 {
     TestPane pane;
     pane.setDrawGrid(true);
     RecordingPaintDevice device(QSize(1000, 1000));
     QPainter painter(&device);
+    // A pixel is 100,000 units wide.
     painter.scale(0.00001, 0.00001);
-    pane.drawBackground(&painter, optionFor(QRect(0, 0, 1000000, 1000000)));
-    QCOMPARE(device.count(), 0);
+    pane.drawBackground(&painter, optionFor(QRect(0, 0, 1000000, 2000000)));
+    QCOMPARE(device.count(PaintCall::Lines), 2);
+    for (int grid = 0; grid < 2; ++grid) {
+        const QList<QLineF> rows = horizontal(device.at(grid).lines);
+        QVERIFY(rows.size() >= 20 && rows.size() <= 22);
+        for (qsizetype row = 1; row < rows.size(); ++row)
+            QVERIFY(rows[row].y1() - rows[row - 1].y1() <= 100000);
+        const QList<QLineF> columns = vertical(device.at(grid).lines);
+        QVERIFY(columns.size() >= 10 && columns.size() <= 12);
+        QCOMPARE(columns.constFirst(), QLineF(0, 0, 0, 1999999));
+    }
+}
+
+void tst_PaneGrid::denseGridKeepsLinesThatLieApart()
+{
+    TestPane pane;
+    pane.setDrawGrid(true);
+    RecordingPaintDevice device(QSize(100, 100));
+    QPainter painter(&device);
+    // Rows lie 5 pixels apart, columns a thousandth of one.
+    painter.scale(0.0002, 1.0);
+    pane.drawSubGrid(&painter, optionFor(QRect(0, 0, 500000, 100)));
+    const QList<QLineF> lines = device.at(0).lines;
+    QCOMPARE(horizontal(lines).size(), 20);
+    QVERIFY(vertical(lines).size() >= 100);
+    QVERIFY(vertical(lines).size() <= 110);
+    QVERIFY(vertical(lines).contains(QLineF(0, 0, 0, 99)));
+}
+
+void tst_PaneGrid::settingTheGridRepaintsNothing()
+{
+    CallLog log;
+    DisplayedRoot tree(&log);
+    FreeformLayeredPane pane;
+    pane.setBounds(QRect(0, 0, 100, 100));
+    tree.root.add(&pane);
+    pane.validate();
+    tree.takeDirtyRects();
+    log.clear();
+    pane.setDrawGrid(true);
+    pane.setSnapSize(20);
+    QCOMPARE(tree.takeDirtyRects(), QList<QRect>());
+    QCOMPARE(log.calls(), QStringList());
+    QVERIFY(pane.getFlag(Figure::FLAG_VALID));
 }
 
 void tst_PaneGrid::gridAtTheEndsOfTheNumbersDoesNotHang_data()
