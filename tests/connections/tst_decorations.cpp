@@ -1,7 +1,9 @@
 #include "support/DisplayedRoot.h"
 #include "support/ProbeLocator.h"
 #include "support/TestMain.h"
+#include "support/UpdateOrderProbe.h"
 
+#include <vtlpictel/figure/IAncestorListener.h>
 #include <vtlpictel/figure/Transform.h>
 #include <vtlpictel/layout/XYLayout.h>
 #include <vtlpictel/shapes/Decoration.h>
@@ -48,6 +50,32 @@ protected:
     {
         ++recalculations;
         PolylineDecoration::recalculatePoints();
+    }
+};
+
+/// An owner that remembers whether its listener was displayed when it came and when it went.
+class ListeningOwner : public Figure
+{
+public:
+    QStringList calls;
+
+    void addAncestorListener(IAncestorListener *listener) override
+    {
+        note("add", listener);
+        Figure::addAncestorListener(listener);
+    }
+    void removeAncestorListener(IAncestorListener *listener) override
+    {
+        note("remove", listener);
+        Figure::removeAncestorListener(listener);
+    }
+
+private:
+    void note(const char *operation, IAncestorListener *listener)
+    {
+        const auto *figure = dynamic_cast<Figure *>(listener);
+        const bool isShown = figure && figure->getFlag(FLAG_NOTIFIED);
+        calls << QStringLiteral("%1 %2").arg(QLatin1String(operation), isShown ? "shown" : "not shown");
     }
 };
 
@@ -106,6 +134,9 @@ private Q_SLOTS:
     void decorationWithoutLocatorIsNotPlaced();
     void ownerAndLocatorMayDieFirst();
     void decorationMayDieWhileListening();
+    void newOwnerOfAShownDecorationIsNotListenedTo();
+    void decorationListensWhileItIsShown();
+    void movedOwnerRevalidatesBeforeItRepaints();
 
     void markStartsAsAnArrowHeadAtTheOrigin_data() { addBothKinds(); }
     void markStartsAsAnArrowHeadAtTheOrigin();
@@ -287,6 +318,41 @@ void tst_Decorations::decorationMayDieWhileListening()
     decoration.reset();
     owner.setBounds(QRect(1, 2, 3, 4));
     QCOMPARE(owner.getBounds(), QRect(1, 2, 3, 4));
+}
+
+void tst_Decorations::newOwnerOfAShownDecorationIsNotListenedTo()
+{
+    DisplayedRoot displayed;
+    Figure first;
+    Figure second;
+    displayed.root.add(&first);
+    displayed.root.add(&second);
+    OpenDecoration decoration(&first, nullptr);
+    displayed.root.add(&decoration);
+    decoration.setOwner(&second);
+    decoration.setValid(true);
+    second.setBounds(QRect(1, 1, 5, 5));
+    QCOMPARE(decoration.isValid(), true);
+    first.setBounds(QRect(1, 1, 5, 5));
+    QCOMPARE(decoration.isValid(), false);
+}
+
+void tst_Decorations::decorationListensWhileItIsShown()
+{
+    ListeningOwner owner;
+    Decoration decoration(&owner, nullptr);
+    decoration.addNotify();
+    decoration.removeNotify();
+    QCOMPARE(owner.calls, QStringList({"add shown", "remove shown"}));
+    QVERIFY(!decoration.getFlag(Figure::FLAG_NOTIFIED));
+}
+
+void tst_Decorations::movedOwnerRevalidatesBeforeItRepaints()
+{
+    CallLog log;
+    UpdateOrderProbe<Decoration> decoration(log);
+    decoration.ancestorMoved(nullptr);
+    QCOMPARE(log.calls(), QStringList({"figure.revalidate", "figure.repaint"}));
 }
 
 void tst_Decorations::markStartsAsAnArrowHeadAtTheOrigin()

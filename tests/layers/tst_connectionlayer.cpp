@@ -1,3 +1,4 @@
+#include "support/DisplayedRoot.h"
 #include "support/RecordingPaintDevice.h"
 #include "support/TestMain.h"
 
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void rendersWithAntialiasingAsAsked();
     void renderingRestoresThePainter();
     void nullPainterIsIgnored();
+    void settingRouterAndAntialiasingTellsNobody();
 };
 
 void tst_ConnectionLayer::startsWithoutRouterAndAntialiasing()
@@ -210,6 +212,28 @@ void tst_ConnectionLayer::nullPainterIsIgnored()
     ConnectionLayer layer(nullptr, false);
     layer.render(nullptr, QStyleOptionViewItem());
     QCOMPARE(layer.getBounds(), QRect());
+}
+
+void tst_ConnectionLayer::settingRouterAndAntialiasingTellsNobody()
+{
+    CallLog log;
+    DisplayedRoot tree(&log);
+    ConnectionLayer layer(nullptr, false);
+    PolylineConnection connection;
+    layer.setBounds(QRect(0, 0, 100, 100));
+    layer.add(&connection);
+    tree.root.add(&layer);
+    layer.validate();
+    tree.takeDirtyRects();
+    log.clear();
+    const IConnectionRouter *before = connection.getConnectionRouter();
+    NullRouter router;
+    layer.setConnectionRouter(&router);
+    layer.setAntialias(true);
+    QCOMPARE(tree.takeDirtyRects(), QList<QRect>());
+    QCOMPARE(log.calls(), QStringList());
+    QVERIFY(layer.getFlag(Figure::FLAG_VALID));
+    QCOMPARE(static_cast<const IConnectionRouter *>(connection.getConnectionRouter()), before);
 }
 
 PICTEL_TEST_MAIN(tst_ConnectionLayer)

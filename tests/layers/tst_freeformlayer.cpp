@@ -1,3 +1,4 @@
+#include "support/DisplayedRoot.h"
 #include "support/TestMain.h"
 #include "support/TreeInvariants.h"
 
@@ -30,6 +31,7 @@ private Q_SLOTS:
     void paddingGrowsTheExtentOnAllSides_data();
     void paddingGrowsTheExtentOnAllSides();
     void hugePaddingStaysARectangle();
+    void settingThePaddingTellsNobody();
     void extentUnderAnotherLayoutIsNull();
     void extentCoversNegativeCoordinates();
 
@@ -152,6 +154,24 @@ void tst_FreeformLayer::hugePaddingStaysARectangle()
     QVERIFY(extent.isValid());
     QVERIFY(extent.contains(QRect(-1000000, -1000000, 2000000, 2000000)));
     QVERIFY(extent.width() > 0 && extent.height() > 0);
+}
+
+void tst_FreeformLayer::settingThePaddingTellsNobody()
+{
+    CallLog log;
+    DisplayedRoot tree(&log);
+    FreeformLayer layer(nullptr, true);
+    layer.setBounds(QRect(0, 0, 100, 100));
+    tree.root.add(&layer);
+    layer.validate();
+    tree.takeDirtyRects();
+    log.clear();
+    QSignalSpy changes(&layer, &FreeformLayer::extentChanged);
+    layer.setExtentPadding(7);
+    QCOMPARE(tree.takeDirtyRects(), QList<QRect>());
+    QCOMPARE(log.calls(), QStringList());
+    QCOMPARE(changes.size(), 0);
+    QVERIFY(layer.getFlag(Figure::FLAG_VALID));
 }
 
 void tst_FreeformLayer::extentUnderAnotherLayoutIsNull()

@@ -304,7 +304,7 @@ void tst_VtableOrder::order_data()
     QTest::newRow("LayeredPane") << slotsOf(&LayeredPane::addLayer, &LayeredPane::addLayerAbove,
                                             &LayeredPane::addLayerBeneath, &LayeredPane::getLayer,
                                             &LayeredPane::removeLayer)
-                                 << -1;
+                                 << slotOf(&OpenFigure::primTranslate) + 1 + static_cast<int>(figureSlots.size());
     QTest::newRow("IFreeformFigure") << slotsOf(&IFreeformFigure::getFreeformExtent,
                                                 &IFreeformFigure::setFreeformBounds, &IFreeformFigure::extentChanged)
                                      << afterDestructor;

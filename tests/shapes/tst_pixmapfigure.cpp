@@ -2,6 +2,7 @@
 #include "SizeSetterProbe.h"
 #include "support/RecordingPaintDevice.h"
 #include "support/TestMain.h"
+#include "support/UpdateOrderProbe.h"
 
 #include <vtlpictel/shapes/PixmapFigure.h>
 
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void limitsSetBeforeAreLost();
     void sizeIsSetInOrder();
     void settingRevalidatesAndRepaints();
+    void settingRevalidatesBeforeItRepaints();
     void contentSizeIsThatOfThePixmap();
     void pixmapIsStretchedToTheBounds();
     void nullPixmapIsNotDrawn();
@@ -156,6 +158,14 @@ void tst_PixmapFigure::settingRevalidatesAndRepaints()
         QCOMPARE(tree.takeRevalidations(), 1);
         QVERIFY(!figure.getFlag(Figure::FLAG_VALID));
     }
+}
+
+void tst_PixmapFigure::settingRevalidatesBeforeItRepaints()
+{
+    CallLog log;
+    UpdateOrderProbe<PixmapFigure> figure(log);
+    figure.setPixmap(pixmapOf(QSize(20, 10)));
+    QCOMPARE(log.take(), QStringList({"figure.revalidate", "figure.repaint"}));
 }
 
 void tst_PixmapFigure::contentSizeIsThatOfThePixmap()

@@ -4,6 +4,7 @@
 
 #include <vtlpictel/shapes/Shape.h>
 
+#include <QMetaMethod>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -64,6 +65,7 @@ class tst_Shape : public PictelTest
 
 private Q_SLOTS:
     void init();
+    void metaObjectTellsSignalAndSlot();
     void cleanup();
 
     void newShapeHasItsDefaults();
@@ -608,6 +610,16 @@ void tst_Shape::nullPainterIsNotClipped()
 {
     m_shape->clipToPath(nullptr);
     QCOMPARE(m_shape->getPainterPath(), rectPath(QRectF(10, 20, 99, 49)));
+}
+
+void tst_Shape::metaObjectTellsSignalAndSlot()
+{
+    const QMetaObject &meta = Shape::staticMetaObject;
+    const QMetaMethod changed = meta.method(meta.indexOfSignal("pathChanged(QRectF)"));
+    QCOMPARE(changed.parameterNames(), QList<QByteArray>({"bounds"}));
+    const QMetaMethod regenerate = meta.method(meta.indexOfSlot("regeneratePath(QRectF)"));
+    QCOMPARE(regenerate.access(), QMetaMethod::Protected);
+    QCOMPARE(meta.methodCount() - meta.methodOffset(), 2);
 }
 
 PICTEL_TEST_MAIN(tst_Shape)
