@@ -4,6 +4,7 @@
 #include <vtlpictel/layout/ILayoutListener.h>
 #include <vtlpictel/layout/XYLayout.h>
 
+#include <QPointer>
 #include <QTest>
 
 #include <functional>
@@ -38,8 +39,11 @@ public:
 
     void revalidate() override
     {
+        // A listener may have deleted this figure.
+        const QPointer<InterferingFigure> self(this);
         FreeformProbe::revalidate();
-        run(onRevalidate);
+        if (self)
+            run(onRevalidate);
     }
     void addNotify() override
     {
