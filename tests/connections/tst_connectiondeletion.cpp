@@ -1,5 +1,6 @@
 #include "connections/ShownConnection.h"
 #include "connections/Trigger.h"
+#include "support/ActingListener.h"
 
 #include <vtlpictel/connections/NullRouter.h>
 #include <vtlpictel/figure/ArrowLocator.h>
@@ -40,6 +41,8 @@ private Q_SLOTS:
     void pathOfADecorationMayDeleteIt();
     void pathOfADecorationThatItOwnsMayDeleteIt_data() { addBothClasses(); }
     void pathOfADecorationThatItOwnsMayDeleteIt();
+    void invalidatedLayoutMayDeleteIt_data() { addBothClasses(); }
+    void invalidatedLayoutMayDeleteIt();
     void routerChangeMayDeleteIt_data() { addBothClasses(); }
     void routerChangeMayDeleteIt();
     void routerChangeMayDeleteTheNewRouter_data() { addBothClasses(); }
@@ -179,6 +182,18 @@ void tst_ConnectionDeletion::pathOfADecorationThatItOwnsMayDeleteIt()
     QVERIFY(trigger.hasFired());
     QVERIFY(!arrow);
     QCOMPARE(shown.displayed.root.childFigureCount(), 0);
+}
+
+void tst_ConnectionDeletion::invalidatedLayoutMayDeleteIt()
+{
+    QFETCH(bool, isReal);
+    ShownConnection shown(isReal);
+    ActingListener listener([&] { shown.connection.destroy(); });
+    shown.connection->getLayoutManager()->addListener(&listener);
+    shown.connection->revalidate();
+    QCOMPARE(shown.router.log, QStringList("remove"));
+    QCOMPARE(shown.displayed.root.childFigureCount(), 0);
+    shown.displayed.manager.performUpdate();
 }
 
 void tst_ConnectionDeletion::routerChangeMayDeleteIt()

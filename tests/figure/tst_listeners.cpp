@@ -1,3 +1,4 @@
+#include "support/ActingListener.h"
 #include "support/DisplayedRoot.h"
 #include "support/TestMain.h"
 
@@ -8,7 +9,6 @@
 
 #include <QTest>
 
-#include <functional>
 #include <memory>
 #include <new>
 #include <vector>
@@ -135,28 +135,6 @@ public:
 private:
     Speaker &m_speaker;
     std::vector<std::unique_ptr<Listener>> m_listeners;
-};
-
-/// Acts when it hears the first time that the layout is no longer valid.
-class ActingListener : public ILayoutListener
-{
-public:
-    explicit ActingListener(const std::function<void()> &act)
-        : m_act(act)
-    { }
-
-    void invalidate(Figure *) override
-    {
-        if (const auto act = std::exchange(m_act, nullptr))
-            act();
-    }
-    bool layout(Figure *) override { return false; }
-    void postLayout(Figure *) override { }
-    void remove(Figure *) override { }
-    void setConstraint(Figure *, const QVariant &) override { }
-
-private:
-    std::function<void()> m_act;
 };
 
 } // namespace
