@@ -33,21 +33,24 @@ public:
     void forget(StubConnection &connection, Forgetting operation = &ManhattanConnectionRouter::remove)
     {
         (m_router.*operation)(&connection);
+        (m_openRouter.*operation)(&connection);
         m_plain.forget(&connection);
     }
 
     /// An error text; empty when there is none.
     QString route(StubConnection &connection)
     {
+        const IConnectionAnchor &source = *connection.sourceAnchor;
+        const IConnectionAnchor &target = *connection.targetAnchor;
         const Points expected
-            = m_plain.route(&connection, endAt(*connection.sourceAnchor, *connection.targetAnchor, connection),
-                            endAt(*connection.targetAnchor, *connection.sourceAnchor, connection));
-        m_router.route(&connection);
-        if (connection.points != expected)
-            return difference(connection.points, expected);
-        m_router.route(&connection);
-        if (connection.points != expected)
-            return QStringLiteral("second time: ") + difference(connection.points, expected);
+            = m_plain.route(&connection, endAt(source, target, connection), endAt(target, source, connection));
+        for (ManhattanConnectionRouter *router : QList<ManhattanConnectionRouter *> {&m_router, &m_openRouter}) {
+            const QString name = router == &m_router ? QStringLiteral("router: ") : QStringLiteral("subclass: ");
+            if (router->doRoute(&connection) != expected)
+                return name + difference(router->doRoute(&connection), expected);
+            if (router->doRoute(&connection) != expected)
+                return name + QStringLiteral("second time: ") + difference(router->doRoute(&connection), expected);
+        }
         return brokenInvariant(expected);
     }
 
@@ -55,8 +58,8 @@ public:
     QString checkLines()
     {
         for (int line = -700; line <= 900; ++line) {
-            const bool rowDiffers = m_router.rowUsable(nullptr, line) == (m_plain.rows().count(line) != 0);
-            const bool columnDiffers = m_router.colUsable(nullptr, line) == (m_plain.columns().count(line) != 0);
+            const bool rowDiffers = m_openRouter.rowUsable(nullptr, line) == (m_plain.rows().count(line) != 0);
+            const bool columnDiffers = m_openRouter.colUsable(nullptr, line) == (m_plain.columns().count(line) != 0);
             if (rowDiffers || columnDiffers)
                 return QStringLiteral("line %1 is in use in one of them only").arg(line);
         }
@@ -96,7 +99,9 @@ private:
     }
 
     const FigureNest &m_nest;
-    OpenManhattanRouter m_router;
+    /// Searches for free lines in its own way, while a subclass is asked about each line.
+    ManhattanConnectionRouter m_router;
+    OpenManhattanRouter m_openRouter;
     PlainManhattan m_plain;
 };
 

@@ -7,8 +7,10 @@
 #include <vtlpictel/figure/IAncestorListener.h>
 #include <vtlpictel/figure/IPropertyChangeListener.h>
 
+#include <QSignalSpy>
 #include <QTest>
 
+#include <functional>
 #include <memory>
 #include <new>
 #include <vector>
@@ -158,6 +160,8 @@ private Q_SLOTS:
 
     void containerMayDieAsItIsResized();
     void layoutMayDieAsItsContainerIsResized();
+    void containerMayDieAsItsChildrenMoveAlong();
+    void containerMayDieAsItsOldPlaceIsRepainted();
     void containerMayDieAsItIsRevalidated();
     void childMayDieAsItIsRevalidated();
     void validateRootMayDieAsItIsRevalidated();
@@ -241,6 +245,24 @@ void tst_Listeners::newListenerAtADeadOnesAddressIsNoListenerYet()
 
 namespace {
 
+/// Acts when it is asked to repaint the first time.
+class ActingViewer : public ViewerStub
+{
+public:
+    explicit ActingViewer(const std::function<void()> &act)
+        : m_act(act)
+    { }
+
+    void updateContentRect(const QRect &) override
+    {
+        if (const auto act = std::exchange(m_act, nullptr))
+            act();
+    }
+
+private:
+    std::function<void()> m_act;
+};
+
 /// A displayed container with a layout that both can be deleted at any time.
 struct MortalContainer
 {
@@ -280,6 +302,33 @@ void tst_Listeners::layoutMayDieAsItsContainerIsResized()
     QCOMPARE(mortal.container->getLayoutManager(), nullptr);
     QCOMPARE(mortal.container->getBounds(), QRect(0, 0, 120, 120));
     QCOMPARE(mortal.displayed.takeDirtyRects(), QList<QRect>({QRect(0, 0, 100, 100), QRect(0, 0, 120, 120)}));
+}
+
+void tst_Listeners::containerMayDieAsItsChildrenMoveAlong()
+{
+    MortalContainer mortal;
+    mortal.layout->isRelative = false;
+    Figure child;
+    child.setBounds(QRect(10, 10, 10, 10));
+    mortal.container->add(&child);
+    connect(&child, &Figure::figureMoved, this, [&] { mortal.container.reset(); });
+    QSignalSpy moved(mortal.container.get(), &Figure::figureMoved);
+    mortal.container->setBounds(QRect(5, 5, 120, 120));
+    QCOMPARE(mortal.container.get(), nullptr);
+    QCOMPARE(moved.count(), 0);
+    QCOMPARE(child.getParentFigure(), nullptr);
+}
+
+void tst_Listeners::containerMayDieAsItsOldPlaceIsRepainted()
+{
+    MortalContainer mortal;
+    ActingViewer viewer([&] { mortal.container.reset(); });
+    mortal.displayed.manager.setViewer(&viewer);
+    QSignalSpy moved(mortal.container.get(), &Figure::figureMoved);
+    mortal.container->setBounds(QRect(5, 5, 120, 120));
+    QCOMPARE(mortal.container.get(), nullptr);
+    QCOMPARE(moved.count(), 0);
+    mortal.displayed.manager.setViewer(nullptr);
 }
 
 void tst_Listeners::containerMayDieAsItIsRevalidated()
