@@ -260,8 +260,6 @@ void Figure::removeAncestorListener(IAncestorListener *listener)
     const QObject *receiver = asObject(listener);
     FigureListeners &own = listeners();
     const int ended = receiver ? own.ancestors.disconnect(receiver) : 0;
-    if (ended == 0)
-        return;
     own.ancestorCount -= ended / static_cast<int>(std::size(ancestorSignals));
     if (own.ancestorCount == 0)
         delete m_ancestorHelper.data();
