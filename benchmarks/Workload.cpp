@@ -41,8 +41,6 @@ void registerRow(const Workload &workload, int count, Contestant contestant)
     row->Unit(workload.unit);
     if (workload.timesItself)
         row->UseManualTime();
-    else
-        row->UseRealTime();
     if (workload.isDestructive && count >= ManyFigures)
         row->Iterations(1);
 }

@@ -3,6 +3,7 @@
 #include <vtlpictel/figure/Figure.h>
 
 #include "figure/IdentitySearch_p.h"
+#include "support/RectOverlap.h"
 
 #include <vtlpictel/figure/Border.h>
 #include <vtlpictel/figure/ExclusionSearch.h>
@@ -181,7 +182,7 @@ bool Figure::isContained(const QRect &area) const
 
 bool Figure::isIntersecting(const QRect &area) const
 {
-    return area.intersects(mutableSelf()->getBounds());
+    return overlap(area, mutableSelf()->getBounds());
 }
 
 Figure *Figure::findFigureAt(const QPoint &point) const

@@ -5,6 +5,7 @@
 #include "figure/FocusFrame_p.h"
 #include "figure/PassOption_p.h"
 #include "support/LifeGuard.h"
+#include "support/RectOverlap.h"
 
 #include <vtlpictel/figure/Border.h>
 #include <vtlpictel/layout/Layout.h>
@@ -44,7 +45,7 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
     }
     translateToAbsolute(bounds);
     const QRect area = option.rect;
-    if (!bounds.intersects(area))
+    if (!overlap(bounds, area))
         return;
     const LifeGuard<Figure> self(this);
     PassOption pass(option);

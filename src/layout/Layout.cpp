@@ -35,6 +35,24 @@ void releaseObject(QObject *object)
 
 } // namespace
 
+template <typename Visit>
+void Layout::visitChildren(const Visit &visit) const
+{
+    const LifeGuard<Layout> self(this);
+    const QList<Figure *> children = childFigures();
+    const ChildList &list = *m_children;
+    const quint64 before = list.departures();
+    for (qsizetype place = 0; place < children.size(); ++place) {
+        readAhead(children, place + ReadAheadDistance);
+        Figure *child = children.at(place);
+        const bool left = list.departures() != before && !holds(child);
+        if (child && !left)
+            visit(child);
+        if (!self.isAlive())
+            return;
+    }
+}
+
 Layout::Layout(QObject *parent)
     : QObject(parent)
     , m_children(std::make_unique<ChildList>())
@@ -264,7 +282,7 @@ void Layout::setExpandingDirections(Qt::Orientations directions)
 void Layout::findDescendantFigures(QList<Figure *> &result, const QRect &area, const ITreeSearch &search,
                                    bool contained) const
 {
-    forEachChild([&](Figure *child) {
+    visitChildren([&](Figure *child) {
         if (child->isVisible())
             child->findFigures(result, area, search, contained);
     });
@@ -299,7 +317,7 @@ void Layout::render(QPainter *painter, const QStyleOptionViewItem &option)
     painter->save();
     if (isClipping())
         painter->setClipRect(option.rect, Qt::ReplaceClip);
-    forEachChild([painter, &option](Figure *child) {
+    visitChildren([painter, &option](Figure *child) {
         if (child->isVisible())
             child->render(painter, option);
     });
@@ -390,7 +408,7 @@ unsigned int Layout::getVTotalStretch() const
 unsigned int Layout::totalStretch(quint32 LayoutHelper::*stretch) const
 {
     unsigned int total = 0;
-    forEachChild([&](Figure *child) {
+    visitChildren([&](Figure *child) {
         const LayoutHelper *helper = child->isVisible() ? getHelper(child) : nullptr;
         total += helper ? helper->*stretch : 0;
     });
@@ -411,18 +429,7 @@ bool Layout::holds(const Figure *child) const
 
 void Layout::forEachChild(const std::function<void(Figure *)> &visit) const
 {
-    const LifeGuard<Layout> self(this);
-    const QList<Figure *> children = childFigures();
-    const quint64 before = departures();
-    for (qsizetype place = 0; place < children.size(); ++place) {
-        readAhead(children, place + ReadAheadDistance);
-        Figure *child = children.at(place);
-        const bool left = departures() != before && !holds(child);
-        if (child && !left)
-            visit(child);
-        if (!self.isAlive())
-            return;
-    }
+    visitChildren(visit);
 }
 
 // Listeners may come and go during a notification: those that have gone are not called.

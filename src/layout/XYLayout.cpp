@@ -178,8 +178,10 @@ QSize XYLayout::calculateMinimumSize()
 bool XYLayout::performLayout(const QRect &)
 {
     forEachChild([this](Figure *child) {
-        if (child->isVisible())
-            applyConstraint(child, getConstraint(child));
+        if (!child->isVisible())
+            return;
+        recall(child);
+        applyConstraint(child, getConstraint(child));
     });
     return true;
 }

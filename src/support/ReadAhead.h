@@ -4,8 +4,8 @@
 
 namespace Vantrel::Pictel {
 
-/// How many objects further on is far enough for the memory to answer in time.
-constexpr qsizetype ReadAheadDistance = 8;
+/// How many objects further on: far enough for the memory to answer in time, and not more than it remembers to do.
+constexpr qsizetype ReadAheadDistance = 4;
 
 /// Asks the memory for what a walk over many objects is about to look at, the first 128 bytes of an object further on.
 /// A walk that only glances at each object otherwise mostly waits. \a place may lie outside of the list.

@@ -28,6 +28,8 @@ private Q_SLOTS:
     void scrolledPictureEqualsFullRepaint();
     void replacedContentLeavesNothingBehind();
     void manyFiguresArePaintedInOnePass();
+    void manyChangesArePaintedAgainEachTime();
+    void changesOutOfViewPaintNothing();
 };
 
 namespace {
@@ -197,6 +199,40 @@ void tst_ViewerRepaint::manyFiguresArePaintedInOnePass()
     QCOMPARE(log.count(), 1);
     QCOMPARE(image.pixelColor(398, 298), QColor(Qt::red));
     QCOMPARE(image.pixelColor(399, 298), QColor(Qt::white));
+}
+
+void tst_ViewerRepaint::manyChangesArePaintedAgainEachTime()
+{
+    Drawing drawing;
+    Figure figure;
+    drawing.add(figure, QRect(10, 10, 50, 50));
+    QVERIFY(drawing.show());
+    for (const QColor color : {QColor(Qt::red), QColor(Qt::green), QColor(Qt::blue)}) {
+        for (int change = 0; change < 100; ++change)
+            figure.setBackgroundColor(color);
+        QCoreApplication::processEvents();
+        QCOMPARE(onScreen(drawing.viewer).pixelColor(30, 30), color);
+    }
+}
+
+void tst_ViewerRepaint::changesOutOfViewPaintNothing()
+{
+    Drawing drawing;
+    Figure near, far;
+    drawing.add(near, QRect(10, 10, 50, 50));
+    drawing.add(far, QRect(2000, 2000, 50, 50));
+    QVERIFY(drawing.show());
+    const QPoint topLeft(0, 0);
+    drawing.viewer.setScale(1.0, &topLeft);
+    QCoreApplication::processEvents();
+    EventLog log(drawing.widget, {QEvent::Paint});
+    far.setBackgroundColor(Qt::red);
+    QCoreApplication::processEvents();
+    QCOMPARE(log.count(), 0);
+    near.setBackgroundColor(Qt::red);
+    QCoreApplication::processEvents();
+    QCOMPARE(log.painted(),
+             QRegion(QRect(near.getBounds().topLeft() - drawing.pane.getBounds().topLeft(), QSize(50, 50))));
 }
 
 PICTEL_TEST_MAIN(tst_ViewerRepaint)

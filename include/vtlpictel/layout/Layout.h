@@ -152,6 +152,8 @@ protected:
 private:
     friend class Figure;
 
+    template <typename Visit>
+    void visitChildren(const Visit &visit) const;
     bool insertChild(Figure *child, int index);
     void enterTree(Figure *child);
     bool storeConstraint(Figure *child, const QVariant &constraint);
