@@ -145,7 +145,7 @@ FoundLine searchRuns(int proposed, const SearchBounds &bounds, const LineSet &us
     const qint64 below = std::min(freeBelow, distanceInSteps(proposed - bounds.lower));
     if (std::min(above, below) >= proposed)
         return {proposed, false};
-    if (above <= below && (below > 0 || freeAbove == 0)) {
+    if (above <= below && below > 0) {
         const int candidate = static_cast<int>(proposed + above);
         return above == freeAbove ? FoundLine {candidate, true} : besideUpper(candidate);
     }

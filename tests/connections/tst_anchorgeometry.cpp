@@ -109,7 +109,9 @@ QPoint referenceFor(Dice &dice, Kind kind, const QRectF &absolute)
     // On either side of a centre between two pixels.
     const QPoint near(int(std::floor(center.x())) + dice.between(0, 1),
                       int(std::floor(center.y())) + dice.between(0, 1));
-    const int reach = kind == Kind::Far ? 1 << 26 : 100;
+    // Far out, a reference point may be so near that single precision does not tell it from the centre.
+    const int farReach = dice.coin() ? 2 : 1 << 26;
+    const int reach = kind == Kind::Far ? farReach : 100;
     if (kind == Kind::OnAnAxis)
         return near + (dice.coin() ? QPoint(dice.between(-reach, reach), 0) : QPoint(0, dice.between(-reach, reach)));
     return dice.coin() ? dice.point(2000) : near + dice.point(reach);

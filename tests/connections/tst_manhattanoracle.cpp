@@ -235,6 +235,7 @@ private Q_SLOTS:
     void routesOfManyConnectionsBetweenFewFigures();
     void routesOfHundredsThatWantTheSameLines_data();
     void routesOfHundredsThatWantTheSameLines();
+    void routesBetweenEndsOnOneLine();
 };
 
 void tst_ManhattanOracle::routesBetweenFixedAnchors()
@@ -280,8 +281,13 @@ void tst_ManhattanOracle::routesOfHundredsThatWantTheSameLines_data()
     // The line in the middle is so near to the origin that a search ends there.
     QTest::newRow("around the origin") << QRect(QPoint(-9900, 100), size) << QRect(QPoint(10100, 700), size);
     QTest::newRow("beyond the origin") << QRect(QPoint(-20100, -700), size) << QRect(QPoint(-100, -100), size);
-    // Few lines lie between the ends.
-    QTest::newRow("neighbours") << QRect(QPoint(100, 100), size) << QRect(QPoint(340, 450), size);
+    // Few lines lie between the ends, so that searches meet their bounds.
+    for (int gap = 0; gap < 16; ++gap) {
+        QTest::addRow("neighbours, %d apart", gap)
+            << QRect(QPoint(100, 100), size) << QRect(QPoint(300 + gap, 350), size);
+        QTest::addRow("above each other, %d apart", gap)
+            << QRect(QPoint(100, 100), size) << QRect(QPoint(250, 400 + gap), size);
+    }
 }
 
 void tst_ManhattanOracle::routesOfHundredsThatWantTheSameLines()
@@ -305,6 +311,24 @@ void tst_ManhattanOracle::routesOfHundredsThatWantTheSameLines()
         comparison.forget(*connections[i]);
     for (const auto &connection : connections)
         QCOMPARE(comparison.route(*connection), QString());
+}
+
+// Both bounds of the search are the line itself.
+void tst_ManhattanOracle::routesBetweenEndsOnOneLine()
+{
+    FigureNest nest;
+    Figure *left = nest.addFigure(nullptr, QRect(100, 50, 101, 100));
+    Figure *right = nest.addFigure(nullptr, QRect(200, 250, 100, 100));
+    StubAnchor source(QPoint(200, 100), QPoint(200, 100), left);
+    StubAnchor target(QPoint(200, 300), QPoint(200, 300), right);
+    StubConnection first(&source, &target);
+    StubConnection second(&source, &target);
+    StubConnection third(&source, &target);
+    Comparison comparison(nest);
+    for (StubConnection *connection : {&first, &second, &third})
+        QCOMPARE(comparison.route(*connection), QString());
+    QCOMPARE(comparison.checkLines(), QString());
+    QCOMPARE(comparison.lineCount(), size_t(1));
 }
 
 PICTEL_TEST_MAIN(tst_ManhattanOracle)
