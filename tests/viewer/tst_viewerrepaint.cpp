@@ -4,6 +4,7 @@
 #include "EventLog.h"
 #include "OnScreen.h"
 
+#include <vtlpictel/figure/UpdateManager.h>
 #include <vtlpictel/shapes/Ellipse.h>
 #include <vtlpictel/shapes/Rectangle.h>
 #include <vtlpictel/shapes/RoundedRectangle.h>
@@ -12,6 +13,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -28,6 +30,8 @@ private Q_SLOTS:
     void scrolledPictureEqualsFullRepaint();
     void replacedContentLeavesNothingBehind();
     void manyFiguresArePaintedInOnePass();
+    void manyChangesAtOnceEqualFullRepaint_data();
+    void manyChangesAtOnceEqualFullRepaint();
     void manyChangesArePaintedAgainEachTime();
     void changesOutOfViewPaintNothing();
 };
@@ -95,6 +99,26 @@ private:
     QRandomGenerator m_random;
     std::vector<std::unique_ptr<Shape>> m_shapes;
 };
+
+QRect randomRect(QRandomGenerator &random)
+{
+    return QRect(random.bounded(300), random.bounded(300), 5 + random.bounded(60), 5 + random.bounded(60));
+}
+
+void changeAnyOf(std::array<Figure, 40> &figures, QRandomGenerator &random)
+{
+    Figure &figure = figures.at(random.bounded(quint32(figures.size())));
+    switch (random.bounded(3)) {
+    case 0:
+        figure.setVisible(!figure.isVisible());
+        break;
+    case 1:
+        figure.setBackgroundColor(QColor::fromHsv(random.bounded(360), 200, 200));
+        break;
+    default:
+        figure.setBounds(randomRect(random));
+    }
+}
 
 } // namespace
 
@@ -199,6 +223,47 @@ void tst_ViewerRepaint::manyFiguresArePaintedInOnePass()
     QCOMPARE(log.count(), 1);
     QCOMPARE(image.pixelColor(398, 298), QColor(Qt::red));
     QCOMPARE(image.pixelColor(399, 298), QColor(Qt::white));
+}
+
+void tst_ViewerRepaint::manyChangesAtOnceEqualFullRepaint_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<int>("changes");
+    for (const double scale : {0.5, 1.0, 2.0}) {
+        for (const int changes : {20, 65, 300})
+            QTest::addRow("scale %g, %d changes", scale, changes) << scale << changes;
+    }
+}
+
+void tst_ViewerRepaint::manyChangesAtOnceEqualFullRepaint()
+{
+    QFETCH(double, scale);
+    QFETCH(int, changes);
+    QRandomGenerator random(9);
+    Drawing drawing;
+    std::array<Figure, 40> figures;
+    for (Figure &figure : figures)
+        drawing.add(figure, randomRect(random));
+    Figure corner;
+    drawing.add(corner, QRect(900, 900, 5, 5));
+    QVERIFY(drawing.show());
+    const QPoint topLeft(-5, -5);
+    drawing.viewer.setScale(scale, &topLeft);
+    QCoreApplication::processEvents();
+    for (int round = 0; round < 10; ++round) {
+        for (int change = 0; change < changes; ++change) {
+            changeAnyOf(figures, random);
+            // In the middle of it the view moves: what was out of sight so far may come into it.
+            if (change == changes / 2)
+                drawing.viewer.verticalScrollBar()->setValue(random.bounded(100));
+        }
+        // Validated first: what moves during a painting is painted by another, later one.
+        drawing.viewer.getUpdateManager()->performUpdate();
+        QCoreApplication::processEvents();
+        const QImage partial = onScreen(drawing.viewer);
+        const QString found = difference(partial, fullyRepainted(drawing));
+        QVERIFY2(found.isEmpty(), qPrintable(QStringLiteral("%1, round %2").arg(found).arg(round)));
+    }
 }
 
 void tst_ViewerRepaint::manyChangesArePaintedAgainEachTime()
