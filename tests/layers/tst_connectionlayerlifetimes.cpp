@@ -1,8 +1,5 @@
-#include "connections/AnyConnection.h"
-#include "connections/ProbeRouter.h"
+#include "connections/ShownConnection.h"
 #include "connections/Trigger.h"
-#include "support/DisplayedRoot.h"
-#include "support/TestMain.h"
 
 #include <vtlpictel/connections/NullRouter.h>
 #include <vtlpictel/layers/ConnectionLayer.h>
@@ -162,13 +159,6 @@ void noteSteps(const ShownLayer &shown, QObject *context, QList<Step> &steps)
         steps << Step {name, shown.layer->childFigures().contains(connection),
                        connection->getFlag(Figure::FLAG_NOTIFIED)};
     });
-}
-
-void addBothClasses()
-{
-    QTest::addColumn<bool>("isReal");
-    QTest::newRow("PolylineConnection") << false;
-    QTest::newRow("PolylineFConnection") << true;
 }
 
 } // namespace
