@@ -8,14 +8,6 @@
 
 namespace Vantrel::Pictel {
 
-// The area includes the decorations, which the base classes do not know.
-Connection::~Connection()
-{
-    erase();
-    m_state->unhook();
-    m_state->router()->remove(this);
-}
-
 void Connection::setSourceDecoration(IRotatableDecoration *decoration)
 {
     m_state->setDecoration(ConnectionState::Source, decoration);
@@ -120,8 +112,7 @@ void Connection::addNotify()
 
 void Connection::removeNotify()
 {
-    m_state->unhook();
-    m_state->router()->remove(this);
+    m_state->leave();
     Shape::removeNotify();
 }
 

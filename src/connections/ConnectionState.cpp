@@ -71,10 +71,11 @@ void ConnectionState::hook()
         hook(end);
 }
 
-void ConnectionState::unhook()
+void ConnectionState::leave()
 {
     for (EndState &end : m_ends)
         unhook(end);
+    router()->remove(m_connection);
 }
 
 void ConnectionState::hook(EndState &end)

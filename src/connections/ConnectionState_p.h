@@ -33,7 +33,8 @@ public:
     void setAnchor(End end, IConnectionAnchor *anchor);
     /// Registers with both anchors as far as that is not done.
     void hook();
-    void unhook();
+    /// Registers off both anchors and has the router forget the connection.
+    void leave();
 
     /// The router; the shared straight-line router when none is set or the one that was has died.
     IConnectionRouter *router() const;

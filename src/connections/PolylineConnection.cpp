@@ -34,6 +34,13 @@ PolylineConnection::PolylineConnection(QObject *parent)
     setLinePoints({QPoint(0, 0), QPoint(100, 100)});
 }
 
+// The area includes the decorations, which the base classes do not know.
+PolylineConnection::~PolylineConnection()
+{
+    erase();
+    m_state->leave();
+}
+
 QPointF PolylineConnection::getPointF(int index) const
 {
     return QPointF(getPoint(index));

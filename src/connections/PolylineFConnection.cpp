@@ -34,6 +34,13 @@ PolylineFConnection::PolylineFConnection(QObject *parent)
     setLinePoints({QPointF(0, 0), QPointF(100, 100)});
 }
 
+// The area includes the decorations, which the base classes do not know.
+PolylineFConnection::~PolylineFConnection()
+{
+    erase();
+    m_state->leave();
+}
+
 QPointF PolylineFConnection::getPointF(int index) const
 {
     return PolylineF::getPointF(index);
