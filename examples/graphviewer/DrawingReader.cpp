@@ -70,6 +70,7 @@ private:
     void readPen(const QJsonObject &operation);
     void readStyle(const QString &style);
     void readText(const QJsonObject &operation);
+    void addCurve(const QPolygonF &controls);
     void addEllipse(const QJsonArray &rect, bool filled);
     void addOutline(Outline::Form form, const QPainterPath &path, bool filled);
     void addPolygon(const QPolygonF &corners, bool filled);
@@ -155,6 +156,13 @@ void DrawingReader::addPolygon(const QPolygonF &corners, bool filled)
     addOutline(form, polygonPath(corners, true), filled);
 }
 
+// The outline of an unfilled rounded box is a curve, too.
+void DrawingReader::addCurve(const QPolygonF &controls)
+{
+    const bool isClosed = controls.size() > 2 && controls.isClosed();
+    addOutline(isClosed ? Outline::Form::Area : Outline::Form::Line, bezierPath(controls), false);
+}
+
 void DrawingReader::addEllipse(const QJsonArray &rect, bool filled)
 {
     QPainterPath path;
@@ -231,7 +239,7 @@ void DrawingReader::readShape(char code, const QJsonObject &operation)
     case 'B':
         return addOutline(Outline::Form::Area, bezierPath(points(operation)), true);
     case 'b':
-        return addOutline(Outline::Form::Line, bezierPath(points(operation)), false);
+        return addCurve(points(operation));
     case 'L':
         return addOutline(Outline::Form::Line, polygonPath(points(operation), false), false);
     default:

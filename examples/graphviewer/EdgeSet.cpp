@@ -76,6 +76,7 @@ void EdgeSet::add(const Edge &edge, Element *tail, Element *head)
     const End end = endOf(course, length, length - ahead, edge.headPort || isLoop);
     connection->connectEnds(anchorFor(tail, start, connection), anchorFor(head, end, connection));
     connection->setLabelHarm([this, connection](const QRectF &label) { return harmOfLabel(connection, label); });
+    m_labelledCount += connection->hasLabels() ? 1 : 0;
     if (tail && edge.tailCluster < 0)
         m_nodes << tail;
     if (head && edge.headCluster < 0)
@@ -142,6 +143,8 @@ void EdgeSet::setRouter(RouterKind kind)
     for (const Member &member : std::as_const(m_members))
         route(member);
     m_layer.layOut();
+    if (isCrowded())
+        return;
     // Labels know where the others are only when all of them have found their ways.
     for (const Member &member : std::as_const(m_members)) {
         if (member.edge->hasLabels())
@@ -150,10 +153,19 @@ void EdgeSet::setRouter(RouterKind kind)
     m_layer.layOut();
 }
 
+// Comparing all labels with everything else would take longer than the layout of a large graph.
+bool EdgeSet::isCrowded() const
+{
+    constexpr qsizetype mostPairs = 200000;
+    return m_labelledCount * (m_nodes.size() + m_members.size()) > mostPairs;
+}
+
 // A node hides what lies beneath it.
 int EdgeSet::harmOfLabel(const EdgeConnection *edge, const QRectF &label) const
 {
     constexpr int hiddenByNode = 10;
+    if (isCrowded())
+        return 0;
     int harm = 0;
     for (Element *node : m_nodes)
         harm += label.intersects(node->getBounds()) ? hiddenByNode : 0;

@@ -52,12 +52,14 @@ private:
     static QPair<Element *, Element *> pairOf(const Member &member);
     void assignLanes(const QList<int> &members);
     void route(const Member &member);
+    bool isCrowded() const;
     int harmOfLabel(const EdgeConnection *edge, const QRectF &label) const;
 
     EdgeLayer &m_layer;
     EdgeRouters m_routers;
     RouterKind m_kind = RouterKind::Bendpoint;
     QList<Member> m_members;
+    qsizetype m_labelledCount = 0;
     QSet<Element *> m_nodes; ///< Those at the ends of edges.
 };
 

@@ -22,6 +22,8 @@ class tst_GraphViewerEdges : public GraphViewerTest
 private Q_SLOTS:
     void edgesAreConnectionsInAConnectionLayer();
     void anchorsSuitTheOutlines();
+    void unfilledRoundOutlinesAreReached_data();
+    void unfilledRoundOutlinesAreReached();
     void edgesOfRecordsStartAtTheirFields();
     void compoundEdgesEndAtClusters();
 
@@ -106,6 +108,32 @@ void tst_GraphViewerEdges::anchorsSuitTheOutlines()
     QVERIFY(dynamic_cast<OutlineAnchor *>(tip));
     QVERIFY(dynamic_cast<ChopboxAnchor *>(bare) && !dynamic_cast<PortAnchor *>(bare));
     QCOMPARE(bare->getOwner(), node(view(), QStringLiteral("bare")));
+}
+
+void tst_GraphViewerEdges::unfilledRoundOutlinesAreReached_data()
+{
+    QTest::addColumn<QByteArray>("shape");
+    QTest::addColumn<QByteArray>("style");
+    QTest::newRow("rounded box") << QByteArray("box") << QByteArray("rounded");
+    QTest::newRow("dashed") << QByteArray("box") << QByteArray("rounded,dashed");
+    QTest::newRow("record") << QByteArray("Mrecord") << QByteArray("solid");
+}
+
+// Graphviz draws them as curves, but they have an inside all the same.
+void tst_GraphViewerEdges::unfilledRoundOutlinesAreReached()
+{
+    QFETCH(QByteArray, shape);
+    QFETCH(QByteArray, style);
+    const auto startAtNode = [&](const QByteArray &look) {
+        showGraph("digraph { a [label=x width=2 height=1 penwidth=4 shape=" + shape + " style=\"" + look
+                  + "\"]; a -> b }");
+        return startOf(*edgeNamed(view(), QStringLiteral("a → b")));
+    };
+    const QPointF filled = startAtNode(style + ",filled");
+    QCOMPARE(startAtNode(style), filled);
+    Element *round = node(view(), QStringLiteral("a (x)"));
+    QVERIFY(round->contains(round->getBounds().center() + QPoint(60, 30)));
+    QCOMPARE(qobject_cast<Shape *>(round->outline())->getFill(), false);
 }
 
 void tst_GraphViewerEdges::edgesOfRecordsStartAtTheirFields()
