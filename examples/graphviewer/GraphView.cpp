@@ -280,9 +280,10 @@ void GraphView::mousePressEvent(QMouseEvent *event)
 {
     FreeformViewer::mousePressEvent(event);
     const QPoint position = event->position().toPoint();
-    if (event->button() != Qt::LeftButton && event->button() != Qt::MiddleButton)
+    if (m_drag != Drag::None || (event->button() != Qt::LeftButton && event->button() != Qt::MiddleButton))
         return;
     event->accept();
+    m_dragButton = event->button();
     const bool isLeft = event->button() == Qt::LeftButton;
     if (!isLeft || (!startElementDrag(position) && !startEdgeDrag(position)))
         startViewDrag(position);
@@ -379,9 +380,11 @@ void GraphView::followDragged(const QRect &bounds, const QPointF &contentPoint, 
 
 void GraphView::mouseReleaseEvent(QMouseEvent *event)
 {
+    event->accept();
+    if (m_drag != Drag::None && event->button() != m_dragButton)
+        return;
     endDrag();
     hoverAt(event->position().toPoint());
-    event->accept();
 }
 
 void GraphView::endDrag()

@@ -113,6 +113,7 @@ private:
     EdgeConnection *m_draggedEdge = nullptr;
     int m_draggedBend = -1;
     Drag m_drag = Drag::None;
+    Qt::MouseButton m_dragButton = Qt::NoButton;
     QPoint m_dragPosition; ///< Viewport pixels while the view is dragged, otherwise content coordinates.
     QPointF m_anchor; ///< The content point kept by the zoom steps at m_anchorPosition.
     QPointF m_anchorPosition;

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void dragOnPaperMovesTheView();
     void middleButtonMovesTheViewAnywhere();
     void dragMovesNodeWithItsChildren();
+    void otherButtonsLeaveADragAlone();
     void dragMovesClusterWithAllThatIsInIt();
     void dragOutOfThePageKeepsTheNodeUnderThePointer();
     void movedNodeStaysWhenPainted();
@@ -290,6 +291,21 @@ void tst_GraphViewerView::dragMovesNodeWithItsChildren()
     drag(view(), Qt::LeftButton, from, from + QPoint(30, -20));
     QCOMPARE(order->getBounds(), bounds.translated(30, -20));
     QCOMPARE(childBounds(order), translated(children, {30, -20}));
+}
+
+void tst_GraphViewerView::otherButtonsLeaveADragAlone()
+{
+    view().zoomAt(1.0, {400, 300});
+    Element *order = node(view(), QStringLiteral("order (Order id: int total: money items: list)"));
+    const QRect bounds = order->getBounds();
+    const QPoint from = middleOf(view(), order);
+    QTest::mousePress(view().viewport(), Qt::LeftButton, {}, from);
+    QTest::mouseMove(view().viewport(), from + QPoint(10, 0));
+    QTest::mousePress(view().viewport(), Qt::MiddleButton, {}, from + QPoint(10, 0));
+    QTest::mouseRelease(view().viewport(), Qt::MiddleButton, {}, from + QPoint(10, 0));
+    QTest::mouseMove(view().viewport(), from + QPoint(30, -20));
+    QTest::mouseRelease(view().viewport(), Qt::LeftButton, {}, from + QPoint(30, -20));
+    QCOMPARE(order->getBounds(), bounds.translated(30, -20));
 }
 
 void tst_GraphViewerView::dragMovesClusterWithAllThatIsInIt()
