@@ -41,6 +41,7 @@ public:
     // Painting
 
     bool canPaint() const { return content && updateManager; }
+    void spareDefaultBackground(bool isCovered, const QRect &dirtyPixels);
     QRect paintArea(const QRect &dirtyPixels) const;
     void paintLogical(QPainter &painter, const QRect &dirtyPixels);
     void paintElasticBand(QPainter &painter) const;

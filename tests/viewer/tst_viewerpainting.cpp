@@ -22,6 +22,7 @@ class tst_ViewerPainting : public PictelTest
 private Q_SLOTS:
     void pendingFiguresAreValidatedBeforePainting();
     void backgroundColorFillsTheBackground();
+    void translucentBackgroundColorLetsTheBaseColorThrough();
     void withoutBackgroundColorTheBackgroundIsBlack();
     void withoutContentTheBaseColorShows();
     void withoutUpdateManagerTheBaseColorShows();
@@ -159,6 +160,22 @@ void tst_ViewerPainting::backgroundColorFillsTheBackground()
     QCOMPARE(fullyRepainted(drawing).pixelColor(200, 150), QColor(10, 20, 30));
     drawing.widget.setProperty("backgroundColor", QStringLiteral("#405060"));
     QCOMPARE(fullyRepainted(drawing).pixelColor(200, 150), QColor("#405060"));
+}
+
+void tst_ViewerPainting::translucentBackgroundColorLetsTheBaseColorThrough()
+{
+    Drawing drawing;
+    QVERIFY(drawing.show());
+    QPalette palette = drawing.widget.palette();
+    palette.setColor(QPalette::Base, QColor(Qt::blue));
+    drawing.widget.setPalette(palette);
+    for (int turn = 0; turn < 2; ++turn) {
+        drawing.widget.setProperty("backgroundColor", QColor(Qt::green));
+        QCOMPARE(fullyRepainted(drawing).pixelColor(200, 150), QColor(Qt::green));
+        drawing.widget.setProperty("backgroundColor", QColor(255, 0, 0, 51));
+        QCOMPARE(fullyRepainted(drawing).pixelColor(200, 150), QColor(51, 0, 204));
+        QCOMPARE(fullyRepainted(drawing).pixelColor(200, 150), QColor(51, 0, 204));
+    }
 }
 
 void tst_ViewerPainting::withoutBackgroundColorTheBackgroundIsBlack()
