@@ -104,7 +104,7 @@ Objection proveDrag(int count)
         stage.moveFigure(dragged, DragStep);
         stage.paint();
     }
-    const QImage expected = set.library().picture();
+    const QImage expected = set.reference().picture();
     for (const Contestant contestant : AllContestants) {
         const Objection objection = comparePictures(expected, set.stage(contestant).picture(), contestant);
         if (!objection.isEmpty())

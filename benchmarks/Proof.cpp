@@ -45,7 +45,7 @@ Objection provePicture(StageSet &set, const View &view)
     const View agreed = set.agreedView(view);
     for (const Contestant contestant : AllContestants)
         show(set.stage(contestant), agreed);
-    const QImage expected = set.library().picture();
+    const QImage expected = set.reference().picture();
     for (const Contestant contestant : AllContestants) {
         const Objection objection = comparePictures(expected, set.stage(contestant).picture(), contestant);
         if (!objection.isEmpty())
@@ -61,7 +61,7 @@ Objection provePositions(StageSet &set, const std::vector<int> &removed)
         gone[std::size_t(index)] = true;
     for (const Contestant contestant : AllContestants) {
         for (int index = 0; index < int(gone.size()); ++index) {
-            if (!gone[std::size_t(index)] && set.stage(contestant).bounds(index) != set.library().bounds(index))
+            if (!gone[std::size_t(index)] && set.stage(contestant).bounds(index) != set.reference().bounds(index))
                 return QStringLiteral("%1: figure %2 is elsewhere").arg(nameOf(contestant)).arg(index);
         }
     }

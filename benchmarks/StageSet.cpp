@@ -81,8 +81,8 @@ Stage &StageSet::stage(Contestant contestant)
 
 View StageSet::agreedView(const View &view)
 {
-    const View agreed = library().look(view);
-    library().paint();
+    const View agreed = reference().look(view);
+    reference().paint();
     return agreed;
 }
 

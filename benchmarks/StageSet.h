@@ -38,7 +38,7 @@ public:
 
     const Scene &scene() const { return m_scene; }
     Stage &stage(Contestant contestant);
-    Stage &library() { return stage(Contestant::Library); }
+    Stage &reference() { return stage(Contestant::Library); }
 
     /// What all contestants show when \a view is asked for: the library places views at whole pixels of its own.
     View agreedView(const View &view);

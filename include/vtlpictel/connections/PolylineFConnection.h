@@ -13,15 +13,9 @@ class IRotatableDecoration;
 
 /// A line with floating-point points between two anchors, along the course that its router computes.
 ///
-/// The connection listens to its two anchors while it is in a displayed tree, so that a move of either end figure, or
-/// of any of its ancestors, routes it anew at the next validation. Without two anchors it keeps the points it has, at
-/// first (0, 0) and (100, 100). Its children, end decorations and labels, are placed by locators as their constraints.
-///
-/// Ownership: anchors and router are not owned and may be deleted at any time; a connection whose router died is
-/// routed straight. A decoration is a child while it is set; the one it replaces is released with deleteLater().
-///
-/// Coordinates: points and bounds are in the parent's coordinates. The bounds are those of line and children as of the
-/// last validation; setBounds() does not move the line.
+/// Behaviour, ownership and coordinates are those of PolylineConnection, except that the router is asked for
+/// floating-point points and that these are kept as they come; getPoints() and getPoint() round them half away from
+/// zero. Before its first layout the line has no bounds, about which that layout leaves a debug message.
 class VTLPICTEL_EXPORT PolylineFConnection : public PolylineF, public IConnection, public IAnchorListener
 {
     Q_OBJECT
