@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRect>
+#include <QVarLengthArray>
 
 class QWidget;
 
@@ -8,9 +9,11 @@ namespace Vantrel::Pictel {
 
 /// Hands the areas of one widget that have to be painted anew to QWidget::update(), however many there are.
 ///
-/// Qt keeps them as a region of exact rectangles, and adding to one of thousands costs more than painting them. So what
-/// cannot be seen is left out, since Qt paints it when it comes into view, and of the rest only the first areas since
-/// the last painting stay exact: then the rectangle around all of them is painted.
+/// Qt keeps them as a region of exact rectangles, and adding to one of thousands costs more than painting them; nor is
+/// clipping to a jagged region cheap. So what cannot be seen is left out, since Qt paints it when it comes into view,
+/// and so is what lies within an area that is queued already. Areas that touch, as those of a figure before and after
+/// a move, become the rectangle around them, as long as that has no more than twice their pixels. And only the first
+/// areas since the last painting stay apart: then the rectangle around all of them is painted.
 class DirtyArea
 {
 public:
@@ -18,11 +21,25 @@ public:
     void add(QWidget &widget, const QRect &rect);
     /// Forgets what is queued. To be called before the widget is painted, shown, hidden, moved or resized; calling it
     /// too often does no harm.
-    void clear() { *this = DirtyArea(); }
+    void clear();
 
 private:
+    /// A queued rectangle, and how many pixels those had that it was made of.
+    struct Patch
+    {
+        QRect rect;
+        qint64 pixels;
+    };
+
+    static constexpr int MostPatches = 32;
+
+    static bool absorb(Patch &patch, const Patch &other);
+    bool isQueued(const QRect &rect) const;
+    QRect join(const QRect &rect);
+
     QRect m_around;
-    int m_count = 0;
+    bool m_hasTooMany = false;
+    QVarLengthArray<Patch, MostPatches> m_patches;
 };
 
 } // namespace Vantrel::Pictel

@@ -23,6 +23,8 @@ private Q_SLOTS:
     void manyDirtyRectsBecomeTheRectAroundThem_data();
     void manyDirtyRectsBecomeTheRectAroundThem();
     void dirtyRectsBeyondManyWidenTheRectAroundThem();
+    void touchingDirtyRectsBecomeTheRectAroundThem_data();
+    void touchingDirtyRectsBecomeTheRectAroundThem();
     void dirtyRectsAreExactAgainAfterPainting();
     void figureChangeIsRepainted();
     void updateAndRepaintAreTheWidgets();
@@ -107,8 +109,8 @@ void tst_ViewerEvents::manyDirtyRectsBecomeTheRectAroundThem_data()
 {
     QTest::addColumn<int>("count");
     QTest::addColumn<bool>("exact");
-    QTest::newRow("few") << 64 << true;
-    QTest::newRow("many") << 65 << false;
+    QTest::newRow("few") << 32 << true;
+    QTest::newRow("many") << 33 << false;
     QTest::newRow("more") << 90 << false;
 }
 
@@ -133,12 +135,47 @@ void tst_ViewerEvents::dirtyRectsBeyondManyWidenTheRectAroundThem()
     Large drawing;
     QVERIFY(drawing.showAtScale(1.0, QPoint(-50, -50)));
     EventLog log(drawing.widget, {QEvent::Paint});
-    for (int i = 0; i < 70; ++i)
-        drawing.viewer.updateContentRect(QRect(0, 0, 10, 10));
-    drawing.viewer.updateContentRect(QRect(2, 2, 3, 3));
-    drawing.viewer.updateContentRect(QRect(20, 30, 5, 5));
+    for (int i = 0; i < 40; ++i)
+        drawing.viewer.updateContentRect(QRect(3 * i - 50, 2 * i - 50, 2, 1));
+    drawing.viewer.updateContentRect(QRect(0, 0, 3, 3));
+    drawing.viewer.updateContentRect(QRect(200, 150, 5, 5));
+    drawing.viewer.updateContentRect(QRect(220, 150, 5, 5));
     QTRY_COMPARE(log.count(), 1);
-    QCOMPARE(log.painted(), QRegion(50, 50, 25, 35));
+    QCOMPARE(log.painted(), QRegion(0, 0, 275, 205));
+}
+
+void tst_ViewerEvents::touchingDirtyRectsBecomeTheRectAroundThem_data()
+{
+    const QRect first(0, 0, 20, 10);
+    QTest::addColumn<QList<QRect>>("dirty");
+    QTest::addColumn<QRegion>("painted");
+    const auto row = [](const char *name, const QList<QRect> &dirty, const QRegion &painted) {
+        QTest::newRow(name) << dirty << painted;
+    };
+    row("overlapping", {first, QRect(3, 2, 20, 10)}, QRect(0, 0, 23, 12));
+    row("side by side", {first, QRect(20, 4, 20, 10)}, QRect(0, 0, 40, 14));
+    row("corner to corner", {first, QRect(20, 10, 20, 10)}, QRect(0, 0, 40, 20));
+    row("a pixel apart", {first, QRect(21, 4, 20, 10)}, QRegion(first) + QRect(21, 4, 20, 10));
+    row("around twice as many pixels", {QRect(0, 0, 10, 10), QRect(10, 10, 10, 10)}, QRect(0, 0, 20, 20));
+    row("around more than twice as many pixels", {QRect(0, 0, 10, 10), QRect(10, 10, 11, 9)},
+        QRegion(0, 0, 10, 10) + QRect(10, 10, 11, 9));
+    row("inside", {first, QRect(5, 5, 4, 4)}, first);
+    row("joined by a third", {QRect(0, 0, 10, 10), QRect(20, 0, 10, 10), QRect(10, 0, 10, 10)}, QRect(0, 0, 30, 10));
+    row("a chain", {QRect(0, 0, 10, 10), QRect(10, 10, 10, 10), QRect(20, 20, 10, 10)},
+        QRegion(0, 0, 20, 20) + QRect(20, 20, 10, 10));
+}
+
+void tst_ViewerEvents::touchingDirtyRectsBecomeTheRectAroundThem()
+{
+    QFETCH(QList<QRect>, dirty);
+    QFETCH(QRegion, painted);
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(0, 0)));
+    EventLog log(drawing.widget, {QEvent::Paint});
+    for (const QRect &rect : dirty)
+        drawing.viewer.updateContentRect(rect);
+    QTRY_COMPARE(log.count(), 1);
+    QCOMPARE(log.painted().translated(-drawing.widget.fromLogical(QPointF(0, 0)).toPoint()), painted);
 }
 
 void tst_ViewerEvents::dirtyRectsAreExactAgainAfterPainting()
