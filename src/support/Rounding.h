@@ -38,25 +38,32 @@ constexpr QPoint roundedPoint(const QPointF &point)
     return QPoint(roundToInt(point.x()), roundToInt(point.y()));
 }
 
+constexpr double BoundedCoordinateLimit = 1 << 29;
+
 /// \a value cut off beyond 2^29, so that what is made of it can still be moved and grown; not-a-number becomes 0.
 constexpr double boundedCoordinate(double value)
 {
-    constexpr double limit = 1 << 29;
-    if (value > limit)
-        return limit;
-    if (value < -limit)
-        return -limit;
+    if (value > BoundedCoordinateLimit)
+        return BoundedCoordinateLimit;
+    if (value < -BoundedCoordinateLimit)
+        return -BoundedCoordinateLimit;
     return value == value ? value : 0.0;
 }
 
-/// \a rect with its four edges cut off as boundedCoordinate() does.
+/// True when boundedCoordinate() leaves \a value as it is.
+constexpr bool isBounded(double value)
+{
+    return value >= -BoundedCoordinateLimit && value <= BoundedCoordinateLimit;
+}
+
+/// \a rect with its four edges cut off as boundedCoordinate() does. Within bounds it keeps its exact size, which
+/// right() - left() would not always give back.
 constexpr QRectF boundedRect(const QRectF &rect)
 {
-    const QRectF bounded(QPointF(boundedCoordinate(rect.left()), boundedCoordinate(rect.top())),
-                         QPointF(boundedCoordinate(rect.right()), boundedCoordinate(rect.bottom())));
-    // An untouched rectangle keeps its exact size, which right() - left() would not always give back.
-    const bool isUntouched = bounded.topLeft() == rect.topLeft() && bounded.bottomRight() == rect.bottomRight();
-    return isUntouched ? rect : bounded;
+    if (isBounded(rect.left()) && isBounded(rect.top()) && isBounded(rect.right()) && isBounded(rect.bottom()))
+        return rect;
+    return QRectF(QPointF(boundedCoordinate(rect.left()), boundedCoordinate(rect.top())),
+                  QPointF(boundedCoordinate(rect.right()), boundedCoordinate(rect.bottom())));
 }
 
 /// Rounds as QRectF::toRect() does, after cutting the four edges off as boundedCoordinate() does.
