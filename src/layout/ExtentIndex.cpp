@@ -13,6 +13,13 @@
 
 namespace Vantrel::Pictel {
 
+namespace {
+
+// One walk over the whole tree costs less than walks to the root from this part of the slots.
+constexpr std::size_t ManyPart = 8;
+
+} // namespace
+
 ExtentIndex::ExtentIndex(FreeformLayout &layout)
     : m_layout(layout)
 { }
@@ -20,9 +27,11 @@ ExtentIndex::ExtentIndex(FreeformLayout &layout)
 QRect ExtentIndex::extent()
 {
     const LifeGuard<Layout> layout(&m_layout);
-    for (const Question &question : takeQuestions()) {
+    const std::vector<Question> questions = takeQuestions();
+    const bool areMany = questions.size() > m_children.size() / ManyPart;
+    for (const Question &question : questions) {
         if (childAt(question.slot).figure == question.figure)
-            ask(question);
+            ask(question, areMany ? &UnionTree::setOneOfMany : &UnionTree::set);
         if (!layout.isAlive())
             return QRect();
     }
@@ -70,17 +79,18 @@ void ExtentIndex::childDestroyed()
 }
 
 // The child's answer may come from an override that takes children out, this one included, or deletes the layout.
-void ExtentIndex::ask(const Question &question)
+void ExtentIndex::ask(const Question &question, Store store)
 {
     const LifeGuard<Layout> layout(&m_layout);
     const auto [child, slot] = question;
+    m_layout.recall(child);
     const QVariant constraint = m_layout.getConstraint(child);
     const bool counts = isRectConstraint(constraint) && child->isVisible();
     const QRect asked = counts ? toRect(constraint) : QRect();
     const QRect contribution = counts ? child->resolveBounds(asked) : QRect();
     if (!layout.isAlive() || childAt(slot).figure != child)
         return;
-    m_contributions.set(slot, contribution);
+    (m_contributions.*store)(slot, contribution);
     const bool isUnsteady = counts && (!asked.isValid() || contribution != asked);
     if (isUnsteady && !std::exchange(childAt(slot).isUnsteady, true))
         m_unsteady.push_back(question);

@@ -49,8 +49,10 @@ private:
         int slot;
     };
 
+    using Store = void (UnionTree::*)(int slot, const QRect &rect);
+
     Child &childAt(int slot) { return m_children[static_cast<std::size_t>(slot)]; }
-    void ask(const Question &question);
+    void ask(const Question &question, Store store);
     std::vector<Question> takeQuestions();
     QRect lastNullContribution() const;
 

@@ -2,6 +2,21 @@
 
 namespace Vantrel::Pictel {
 
+namespace {
+
+// QRect::united(), without a call for rectangles that are as they should be.
+QRect unionOf(const QRect &first, const QRect &second)
+{
+    if (!first.isValid() || !second.isValid())
+        return first.united(second);
+    QRect all;
+    all.setCoords(qMin(first.left(), second.left()), qMin(first.top(), second.top()),
+                  qMax(first.right(), second.right()), qMax(first.bottom(), second.bottom()));
+    return all;
+}
+
+} // namespace
+
 void UnionTree::provide(int slot)
 {
     std::size_t needed = qMax<std::size_t>(capacity(), 1);
@@ -15,15 +30,30 @@ void UnionTree::set(int slot, const QRect &rect)
 {
     std::size_t node = leaf(slot);
     m_nodes[node] = rect;
+    if (m_isOutdated)
+        return;
     do
         node /= 2;
     while (node > 0 && unite(node));
 }
 
+void UnionTree::setOneOfMany(int slot, const QRect &rect)
+{
+    m_nodes[leaf(slot)] = rect;
+    m_isOutdated = true;
+}
+
+QRect UnionTree::whole()
+{
+    if (m_isOutdated)
+        uniteAll();
+    return m_nodes.empty() ? QRect() : m_nodes[1];
+}
+
 // Returns whether the node changed; if not, neither do those above it.
 bool UnionTree::unite(std::size_t node)
 {
-    const QRect united = m_nodes[2 * node].united(m_nodes[2 * node + 1]);
+    const QRect united = unionOf(m_nodes[2 * node], m_nodes[2 * node + 1]);
     if (united == m_nodes[node])
         return false;
     m_nodes[node] = united;
@@ -37,8 +67,14 @@ void UnionTree::growTo(std::size_t grown)
     for (std::size_t slot = 0; slot < old; ++slot)
         nodes[grown + slot] = m_nodes[old + slot];
     m_nodes = std::move(nodes);
-    for (std::size_t node = grown - 1; node > 0; --node)
+    uniteAll();
+}
+
+void UnionTree::uniteAll()
+{
+    for (std::size_t node = capacity() - 1; node > 0; --node)
         unite(node);
+    m_isOutdated = false;
 }
 
 } // namespace Vantrel::Pictel

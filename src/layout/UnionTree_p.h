@@ -18,18 +18,22 @@ public:
     void provide(int slot);
 
     void set(int slot, const QRect &rect);
+    /// As set(), for many slots in a row: the inner nodes are put right together when the union is next asked for.
+    void setOneOfMany(int slot, const QRect &rect);
     QRect at(int slot) const { return m_nodes[leaf(slot)]; }
     /// The union of all slots; null when none holds a rectangle that is not.
-    QRect whole() const { return m_nodes.empty() ? QRect() : m_nodes[1]; }
+    QRect whole();
 
 private:
     std::size_t capacity() const { return m_nodes.size() / 2; }
     std::size_t leaf(int slot) const { return capacity() + static_cast<std::size_t>(slot); }
     bool unite(std::size_t node);
+    void uniteAll();
     void growTo(std::size_t capacity);
 
     // The root is at 1, the children of a node at twice its index and the one after.
     std::vector<QRect> m_nodes;
+    bool m_isOutdated = false;
 };
 
 } // namespace Vantrel::Pictel

@@ -69,6 +69,8 @@ protected:
     QRect calculateFreeformExtent() const;
 
 private:
+    friend class ExtentIndex;
+
     template <typename... Arguments>
     bool addMonitored(Figure *child, const Arguments &...arguments);
 
