@@ -13,6 +13,8 @@
 
 #include <QMessageLogger>
 
+#include <utility>
+
 namespace Vantrel::Pictel {
 
 namespace {
@@ -193,6 +195,7 @@ void Figure::setBounds(const QRect &bounds)
         primTranslate(wrappingSubtract(resolved.x(), m_bounds.x()), wrappingSubtract(resolved.y(), m_bounds.y()));
     if (resized && self.isAlive()) {
         m_bounds.setSize(resolved.size());
+        tellLayouts(&Layout::noteMove);
         invalidate();
     }
     if (self.isAlive())
@@ -233,6 +236,7 @@ void Figure::translate(int dx, int dy)
 void Figure::primTranslate(int dx, int dy)
 {
     m_bounds.translate(dx, dy);
+    tellLayouts(&Layout::noteMove);
     if (useLocalCoordinates())
         return;
     const QPoint step(dx, dy);
@@ -309,7 +313,10 @@ void Figure::setExpandingDirections(Qt::Orientations directions)
 void Figure::setFlag(int mask, bool on)
 {
     const auto bits = static_cast<unsigned int>(mask);
-    m_flags = on ? m_flags | bits : m_flags & ~bits;
+    const unsigned int before = std::exchange(m_flags, on ? m_flags | bits : m_flags & ~bits);
+    const unsigned int changes = (before ^ m_flags) & (FLAG_VALID | FLAG_VISIBLE);
+    if (changes != 0)
+        tellLayouts(changes == FLAG_VALID && !on ? &Layout::dropRest : &Layout::renote);
 }
 
 void Figure::highlightClientArea(bool highlighted)
@@ -352,7 +359,7 @@ void Figure::validate()
     const LifeGuard<Figure> self(this);
     layout();
     if (self.isAlive())
-        forEachChild([](Figure *child) { child->validate(); });
+        forEachChild([](Figure *child) { child->validate(); }, true);
     if (self.isAlive())
         setValid(true);
 }

@@ -57,6 +57,10 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
 
 void Figure::paintOwn(QPainter *painter, const QStyleOptionViewItem &option) const
 {
+    if (onlyFills()) {
+        drawBackground(painter, option);
+        return;
+    }
     const LifeGuard<Figure> self(this);
     painter->save();
     drawBackground(painter, option);

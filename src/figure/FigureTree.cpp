@@ -4,6 +4,7 @@
 
 #include "figure/FigureListeners_p.h"
 #include "support/LifeGuard.h"
+#include "support/ReadAhead.h"
 
 #include <vtlpictel/figure/AncestorHelper.h>
 #include <vtlpictel/figure/IAncestorListener.h>
@@ -12,6 +13,7 @@
 #include <vtlpictel/layout/Layout.h>
 
 #include <QMessageLogger>
+#include <QMetaMethod>
 #include <QSet>
 
 #include <iterator>
@@ -72,6 +74,12 @@ void Figure::tellHolders()
         holder.layout->childChanged(this);
 }
 
+void Figure::tellLayouts(void (Layout::*note)(Figure *, int))
+{
+    for (const Holder &holder : std::as_const(m_holders))
+        (holder.layout->*note)(this, holder.slot);
+}
+
 // The number by which the layout keeps this figure, or -1.
 int Figure::slotIn(const Layout *layout) const
 {
@@ -91,17 +99,23 @@ int Figure::leave(const Layout *layout)
 
 // Calls visit for every child from bottom to top; children that leave or die meanwhile are skipped, and the walk ends
 // when the layout that held them dies.
-void Figure::forEachChild(void (*visit)(Figure *child))
+void Figure::forEachChild(void (*visit)(Figure *child), bool isRestPassedBy)
 {
     const Layout *layout = m_layout;
     const LifeGuard<Layout> keeper(layout);
     const QList<Figure *> children = childFigures();
     const quint64 departures = layout ? layout->departures() : 0;
-    for (Figure *child : children) {
+    for (qsizetype place = 0; place < children.size(); ++place) {
+        if (isRestPassedBy && layout)
+            place = layout->firstRestless(children, place);
+        readAhead(children, place + ReadAheadDistance);
+        Figure *child = children.value(place);
         if (child && (!layout || layout->departures() == departures || layout->holds(child)))
             visit(child);
         if (layout && !keeper.isAlive())
             return;
+        if (isRestPassedBy && layout)
+            layout->noteRest(children, place);
     }
 }
 
@@ -136,6 +150,10 @@ void Figure::setParentFigure(Figure *parent)
     }
     Figure *old = m_parentFigure;
     m_parentFigure = parent;
+    tellLayouts(&Layout::dropNote);
+    static const QMetaMethod announcement = QMetaMethod::fromSignal(&Figure::propertyChanged);
+    if (!isSignalConnected(announcement))
+        return;
     Q_EMIT propertyChanged(PROPERTY_PARENT, QVariant::fromValue(old), QVariant::fromValue(parent));
 }
 

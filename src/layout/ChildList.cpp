@@ -1,5 +1,6 @@
 #include "layout/ChildList_p.h"
 
+#include <cstring>
 #include <utility>
 
 namespace Vantrel::Pictel {
@@ -15,17 +16,21 @@ int ChildList::insert(Figure *child, int index)
     const bool isOnTop = index < 0 || index >= count();
     const int slot = takeSlot();
     m_slots.insert(child, slot);
-    Entry &entry = entryAt(slot);
-    entry.child = child;
+    entryAt(slot).child = child;
     m_recentSlot = slot;
     if (isOnTop) {
-        entry.place = m_ordered.size();
+        placeOfSlot(slot) = static_cast<int>(m_ordered.size());
         m_ordered.append(child);
+        m_places.push_back({ChildNote(), slot});
+        m_restless.push_back(1);
         return slot;
     }
     closeHoles();
-    entry.place = index;
+    placeOfSlot(slot) = index;
     m_ordered.insert(index, child);
+    m_places.insert(m_places.begin() + index, {ChildNote(), slot});
+    m_restless.insert(m_restless.begin() + index, 1);
+    m_firstShifted = qMin(m_firstShifted, qsizetype(index));
     return slot;
 }
 
@@ -33,6 +38,7 @@ int ChildList::takeSlot()
 {
     if (m_freeSlots.empty()) {
         m_entries.emplace_back();
+        m_placeOfSlot.push_back(0);
         return static_cast<int>(m_entries.size()) - 1;
     }
     const int slot = m_freeSlots.back();
@@ -54,17 +60,19 @@ int ChildList::remove(const Figure *child)
     const int slot = slotOf(child);
     if (slot < 0)
         return slot;
-    if (m_ordered.value(entryAt(slot).place) != child)
-        renumber();
-    const qsizetype place = std::exchange(entryAt(slot), Entry()).place;
+    const qsizetype place = placeOf(child, slot);
+    entryAt(slot) = Entry();
     m_slots.remove(child);
     m_freeSlots.push_back(slot);
     ++m_departures;
     if (place == m_ordered.size() - 1) {
         m_ordered.removeLast();
+        m_places.pop_back();
+        m_restless.pop_back();
         return slot;
     }
     m_ordered[place] = nullptr;
+    placeAt(place) = Place();
     ++m_holes;
     return slot;
 }
@@ -77,7 +85,11 @@ QList<Figure *> ChildList::takeAll()
     m_slots.clear();
     m_freeSlots.clear();
     m_entries.clear();
+    m_placeOfSlot.clear();
     m_ordered.clear();
+    m_places.clear();
+    m_restless.clear();
+    m_firstShifted = 0;
     m_leaving.clear();
     return all;
 }
@@ -119,20 +131,69 @@ void ChildList::dropHelper(const Figure *child)
         entry->helper.reset();
 }
 
+void ChildList::setNote(qsizetype place, const ChildNote &note)
+{
+    placeAt(place).note = note;
+    m_restless[static_cast<std::size_t>(place)] = note.has(ChildNote::Rest) ? 0 : 1;
+}
+
+void ChildList::forgetNotes()
+{
+    for (Place &place : m_places)
+        place.note = ChildNote();
+    m_restless.assign(m_restless.size(), 1);
+}
+
+qsizetype ChildList::firstRestless(qsizetype place) const
+{
+    const char *first = m_restless.data();
+    const char *last = first + m_restless.size();
+    const void *found
+        = place < placeCount() ? std::memchr(first + place, 1, std::size_t(last - first - place)) : nullptr;
+    return found ? static_cast<const char *>(found) - first : placeCount();
+}
+
+qsizetype ChildList::placeOf(const Figure *child, int slot)
+{
+    if (slot < 0 || static_cast<std::size_t>(slot) >= m_placeOfSlot.size())
+        return -1;
+    if (m_ordered.value(placeOfSlot(slot)) != child)
+        renumber();
+    const int place = placeOfSlot(slot);
+    return m_ordered.value(place) == child ? place : -1;
+}
+
 void ChildList::renumber()
 {
-    for (qsizetype place = 0; place < m_ordered.size(); ++place) {
-        if (const Figure *child = m_ordered.at(place))
-            entryAt(m_slots.value(child)).place = place;
+    for (qsizetype place = m_firstShifted; place < m_ordered.size(); ++place) {
+        const int slot = placeAt(place).slot;
+        if (slot >= 0)
+            placeOfSlot(slot) = static_cast<int>(place);
     }
+    m_firstShifted = m_ordered.size();
 }
 
 void ChildList::closeHoles()
 {
     if (m_holes == 0)
         return;
-    m_ordered.removeAll(nullptr);
+    qsizetype end = m_ordered.indexOf(nullptr);
+    m_firstShifted = qMin(m_firstShifted, end);
+    for (qsizetype place = end; place < m_ordered.size(); ++place) {
+        if (m_ordered.at(place))
+            movePlace(place, end++);
+    }
+    m_ordered.resize(end);
+    m_places.resize(static_cast<std::size_t>(end));
+    m_restless.resize(static_cast<std::size_t>(end));
     m_holes = 0;
+}
+
+void ChildList::movePlace(qsizetype from, qsizetype to)
+{
+    m_ordered[to] = m_ordered.at(from);
+    placeAt(to) = placeAt(from);
+    m_restless[static_cast<std::size_t>(to)] = m_restless[static_cast<std::size_t>(from)];
 }
 
 } // namespace Vantrel::Pictel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "figure/ChildNote_p.h"
 #include "layout/ObjectConstraints_p.h"
 
 #include <vtlpictel/layout/Layout.h>
@@ -18,6 +19,7 @@ namespace Vantrel::Pictel {
 /// Appending, looking up and removing take constant time on average in any order: a removed child leaves a hole in the
 /// ordered list, and the holes are closed when the list is next asked for. Each child remembers its place; places that
 /// an insertion in the middle or closed holes have shifted are put right when one is found to be wrong.
+/// Beside each child, in the order in which walks over the children come by, stands a note on it.
 ///
 /// Every child has a slot, a small number that is its own as long as it stays and then goes to a later one. Figures
 /// remember theirs, so that a living child is looked up without a search (recall()). Pointers to figures that may be
@@ -47,6 +49,18 @@ public:
     Layout::LayoutHelper *helper(const Figure *child);
     void dropHelper(const Figure *child);
 
+    // Notes. A walk goes over a copy of figures(); places in it count as long as no child came or went since.
+
+    bool isUnchanged(const QList<Figure *> &copy) const { return copy.constData() == m_ordered.constData(); }
+    qsizetype placeCount() const { return m_ordered.size(); }
+    const ChildNote &noteAt(qsizetype place) const { return m_places[static_cast<std::size_t>(place)].note; }
+    void setNote(qsizetype place, const ChildNote &note);
+    void forgetNotes();
+    /// The place of \a child if it has that slot; otherwise -1.
+    qsizetype placeOf(const Figure *child, int slot);
+    /// The first place from \a place on whose child may not be at rest, or the number of places.
+    qsizetype firstRestless(qsizetype place) const;
+
     ObjectConstraints objectConstraints;
 
 private:
@@ -54,7 +68,13 @@ private:
     {
         const Figure *child = nullptr;
         std::optional<Layout::LayoutHelper> helper;
-        qsizetype place = 0;
+    };
+
+    /// Stands beside the child in the ordered list.
+    struct Place
+    {
+        ChildNote note;
+        int slot = -1;
     };
 
     const Entry *entryOf(const Figure *child) const;
@@ -62,10 +82,19 @@ private:
     const Entry &entryAt(int slot) const { return m_entries[static_cast<std::size_t>(slot)]; }
     Entry &entryAt(int slot) { return m_entries[static_cast<std::size_t>(slot)]; }
     int takeSlot();
+    Place &placeAt(qsizetype place) { return m_places[static_cast<std::size_t>(place)]; }
+    int &placeOfSlot(int slot) { return m_placeOfSlot[static_cast<std::size_t>(slot)]; }
     void renumber();
     void closeHoles();
+    void movePlace(qsizetype from, qsizetype to);
 
     QList<Figure *> m_ordered;
+    std::vector<Place> m_places;
+    // By place: 1 unless the note says that the child is at rest, in bytes, which are searched fastest.
+    std::vector<char> m_restless;
+    // By slot, and out of date for children from m_firstShifted on.
+    std::vector<int> m_placeOfSlot;
+    qsizetype m_firstShifted = 0;
     qsizetype m_holes = 0;
     quint64 m_departures = 0;
     // As many as calls of Layout::remove() are under way, one inside the other.

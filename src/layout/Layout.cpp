@@ -4,14 +4,11 @@
 #include "layout/LayoutChildObserver_p.h"
 #include "layout/LocatorConstraint_p.h"
 #include "support/LifeGuard.h"
-#include "support/ReadAhead.h"
 
 #include <vtlpictel/figure/Figure.h>
 #include <vtlpictel/layout/ILayoutListener.h>
 
 #include <QMessageLogger>
-#include <QPainter>
-#include <QStyleOptionViewItem>
 
 namespace Vantrel::Pictel {
 
@@ -22,11 +19,6 @@ bool isSameObject(const QVariant &first, const QVariant &second)
     return holdsObject(first) && holdsObject(second) && objectOf(first) == objectOf(second);
 }
 
-bool isSameConstraint(const QVariant &old, const QVariant &constraint)
-{
-    return isSameObject(old, constraint) || (!holdsObject(old) && old == constraint);
-}
-
 void releaseObject(QObject *object)
 {
     if (object && !object->parent())
@@ -34,24 +26,6 @@ void releaseObject(QObject *object)
 }
 
 } // namespace
-
-template <typename Visit>
-void Layout::visitChildren(const Visit &visit) const
-{
-    const LifeGuard<Layout> self(this);
-    const QList<Figure *> children = childFigures();
-    const ChildList &list = *m_children;
-    const quint64 before = list.departures();
-    for (qsizetype place = 0; place < children.size(); ++place) {
-        readAhead(children, place + ReadAheadDistance);
-        Figure *child = children.at(place);
-        const bool left = list.departures() != before && !holds(child);
-        if (child && !left)
-            visit(child);
-        if (!self.isAlive())
-            return;
-    }
-}
 
 Layout::Layout(QObject *parent)
     : QObject(parent)
@@ -70,8 +44,11 @@ Figure *Layout::getFigure() const
     return m_figure;
 }
 
+// Where the children are painted, as their notes have it, depends on the container.
 void Layout::setFigure(Figure *figure)
 {
+    if (figure != m_figure)
+        m_children->forgetNotes();
     m_figure = figure;
 }
 
@@ -182,20 +159,18 @@ bool Layout::setConstraint(Figure *child, const QVariant &constraint)
     const LayoutHelper *helper = getHelper(child);
     if (!helper)
         return false;
-    const QVariant old = helper->constraint;
-    if (!isSameConstraint(old, constraint)) {
+    const bool isObjectAgain = isSameObject(helper->constraint, constraint);
+    const bool isEqual = helper->constraint == constraint;
+    const bool isOther = !isObjectAgain && (!isEqual || holdsObject(helper->constraint));
+    if (isOther && !m_listeners.isEmpty()) {
         const LifeGuard<Layout> self(this);
         tellListenersOfConstraint(constraint);
         if (!self.isAlive() || !getHelper(child))
             return false;
     }
-    if (isSameObject(old, constraint)) {
+    if (isObjectAgain)
         applyConstraint(child, constraint);
-        return true;
-    }
-    if (old == constraint)
-        return false;
-    return storeConstraint(child, constraint);
+    return isObjectAgain || (!isEqual && storeConstraint(child, constraint));
 }
 
 void Layout::tellListenersOfConstraint(const QVariant &constraint)
@@ -279,49 +254,9 @@ void Layout::setExpandingDirections(Qt::Orientations directions)
     m_expandingDirections = directions & (Qt::Horizontal | Qt::Vertical);
 }
 
-void Layout::findDescendantFigures(QList<Figure *> &result, const QRect &area, const ITreeSearch &search,
-                                   bool contained) const
-{
-    visitChildren([&](Figure *child) {
-        if (child->isVisible())
-            child->findFigures(result, area, search, contained);
-    });
-}
-
-Figure *Layout::findDescendantAtExcluding(int x, int y, const ITreeSearch &search) const
-{
-    const QList<Figure *> children = childFigures();
-    for (qsizetype place = children.size() - 1; place >= 0; --place) {
-        readAhead(children, place - ReadAheadDistance);
-        const Figure *child = children.at(place);
-        if (!child || !child->isVisible())
-            continue;
-        if (Figure *found = child->findFigureAt(x, y, search))
-            return found;
-    }
-    return nullptr;
-}
-
 bool Layout::isRelativeLayout() const
 {
     return true;
-}
-
-void Layout::render(QPainter *painter, const QStyleOptionViewItem &option)
-{
-    if (!painter || !m_figure)
-        return;
-    const LifeGuard<Layout> self(this);
-    if (!isLaidOut() && (layout(m_figure), !self.isAlive() || !isLaidOut()))
-        return;
-    painter->save();
-    if (isClipping())
-        painter->setClipRect(option.rect, Qt::ReplaceClip);
-    visitChildren([painter, &option](Figure *child) {
-        if (child->isVisible())
-            child->render(painter, option);
-    });
-    painter->restore();
 }
 
 bool Layout::layout(Figure *container)
@@ -395,26 +330,6 @@ Layout::LayoutHelper *Layout::getHelper(Figure *child) const
     return m_children->helper(child);
 }
 
-unsigned int Layout::getHTotalStretch() const
-{
-    return totalStretch(&LayoutHelper::hStretch);
-}
-
-unsigned int Layout::getVTotalStretch() const
-{
-    return totalStretch(&LayoutHelper::vStretch);
-}
-
-unsigned int Layout::totalStretch(quint32 LayoutHelper::*stretch) const
-{
-    unsigned int total = 0;
-    visitChildren([&](Figure *child) {
-        const LayoutHelper *helper = child->isVisible() ? getHelper(child) : nullptr;
-        total += helper ? helper->*stretch : 0;
-    });
-    return total;
-}
-
 void Layout::recall(const Figure *child) const
 {
     const int slot = child->slotIn(this);
@@ -425,11 +340,6 @@ void Layout::recall(const Figure *child) const
 bool Layout::holds(const Figure *child) const
 {
     return m_children->contains(child);
-}
-
-void Layout::forEachChild(const std::function<void(Figure *)> &visit) const
-{
-    visitChildren(visit);
 }
 
 // Listeners may come and go during a notification: those that have gone are not called.
@@ -454,8 +364,9 @@ quint64 Layout::departures() const
 
 void Layout::childChanged(Figure *child)
 {
-    const int slot = m_childObserver ? m_children->slotOf(child) : -1;
-    if (slot >= 0)
+    const int slot = m_children->slotOf(child);
+    dropRest(child, slot);
+    if (m_childObserver && slot >= 0)
         m_childObserver->childChanged(slot);
 }
 
@@ -479,17 +390,19 @@ void Layout::forget(Figure *child)
         m_childObserver->childDestroyed();
 }
 
-// The layout may be used for another container, so it must not go on following these children's moves.
+// The layout may be used for another container, so it must not go on following these children's moves. Ending that may
+// call out to a child that changes others: none of them must still count as a child.
 void Layout::releaseAll()
 {
     const QList<QObject *> objects = m_children->objectConstraints.takeAll();
     const QList<Figure *> children = m_children->takeAll();
     for (Figure *child : children) {
         const int slot = child->leave(this);
-        disconnect(child, &Figure::figureMoved, this, nullptr);
         if (m_childObserver && slot >= 0)
             m_childObserver->childRemoved(slot);
     }
+    for (Figure *child : children)
+        disconnect(child, &Figure::figureMoved, this, nullptr);
     for (QObject *object : objects) {
         disconnect(object, &QObject::destroyed, this, &Layout::constraintObjectDestroyed);
         releaseObject(object);

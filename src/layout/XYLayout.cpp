@@ -7,6 +7,9 @@
 #include "support/SignalConnection.h"
 
 #include <vtlpictel/figure/Figure.h>
+#include <vtlpictel/layout/FreeformLayout.h>
+
+#include <typeinfo>
 
 namespace Vantrel::Pictel {
 
@@ -69,6 +72,12 @@ QRect boundsAsConstraint(QRect bounds, const QSizeF &askedBefore)
     if (askedBefore.height() < 0)
         bounds.setHeight(-1);
     return bounds;
+}
+
+// Other classes may change what is done about a child without a constraint, or change constraints unnoticed.
+bool isOfThisLibrary(const XYLayout &layout)
+{
+    return typeid(layout) == typeid(XYLayout) || typeid(layout) == typeid(FreeformLayout);
 }
 
 } // namespace
@@ -177,12 +186,16 @@ QSize XYLayout::calculateMinimumSize()
 
 bool XYLayout::performLayout(const QRect &)
 {
-    forEachChild([this](Figure *child) {
+    const auto place = [this](Figure *child) {
         if (!child->isVisible())
             return;
         recall(child);
         applyConstraint(child, getConstraint(child));
-    });
+    };
+    if (isOfThisLibrary(*this))
+        forEachRestlessChild(place);
+    else
+        forEachChild(place);
     return true;
 }
 

@@ -13,6 +13,7 @@
 namespace Vantrel::Pictel {
 
 class AncestorHelper;
+struct ChildNote;
 struct FigureListeners;
 class PassOption;
 
@@ -276,6 +277,7 @@ protected:
 private:
     friend class FreeformWidget;
     friend class Layout;
+    friend class PaintGlance;
 
     /// A layout that lists this figure as a child, and the number by which it keeps it.
     struct Holder
@@ -291,6 +293,12 @@ private:
     template <typename Figures>
     void appendContainers(Figures &containers) const;
     void tellHolders();
+    void tellLayouts(void (Layout::*note)(Figure *, int));
+    bool hasPlainArea() const;
+    bool staysAt(const QRect &bounds) const;
+    ChildNote noteUnder(const Figure *container) const;
+    unsigned int plainTopics() const;
+    QRect childAreaFor(const QRect &area);
     void leaveHolders();
     void releaseChildren();
     QPoint clientOffset();
@@ -304,16 +312,19 @@ private:
     template <typename Value>
     Value &shiftToRelative(Value &value);
     FigureListeners &listeners();
-    void forEachChild(void (*visit)(Figure *child));
+    void forEachChild(void (*visit)(Figure *child), bool isRestPassedBy = false);
+    bool onlyFills() const;
     void paintOwn(QPainter *painter, const QStyleOptionViewItem &option) const;
     void paintClientArea(QPainter *painter, PassOption &pass, const QRect &clientArea, const QRect &area);
     void paintHighlight(QPainter *painter, const QStyleOptionViewItem &option, const QRect &clientArea) const;
 
-    // First what painting and hit test look at to pass a figure by: they look at many.
+    // First what is looked at most, so that it lies together: of many figures nothing else is needed.
     QRect m_bounds;
     unsigned int m_flags = FLAG_VISIBLE | FLAG_ENABLED;
     int m_margin = 0;
     QPointer<Figure> m_parentFigure;
+    // The layouts that list this figure as a child: one, unless it was added to several parents.
+    QVarLengthArray<Holder, 1> m_holders;
     QPointer<Layout> m_layout;
     QPointer<Border> m_border;
     QSize m_minimumSize {-1, -1};
@@ -327,8 +338,6 @@ private:
     Qt::Orientations m_expandingDirections;
     int m_highlightStyle = 1;
     bool m_clientAreaHighlighted = false;
-    // The layouts that list this figure as a child: one, unless it was added to several parents.
-    QVarLengthArray<Holder, 1> m_holders;
 };
 
 } // namespace Vantrel::Pictel

@@ -18,6 +18,7 @@ class QStyleOptionViewItem;
 namespace Vantrel::Pictel {
 
 class ChildList;
+struct ChildNote;
 class Figure;
 class ILayoutListener;
 class ITreeSearch;
@@ -148,12 +149,22 @@ protected:
     /// Calls \a visit for every child, bottom to top. Children that leave or die meanwhile are skipped, and the walk
     /// ends when the layout itself dies.
     void forEachChild(const std::function<void(Figure *)> &visit) const;
+    /// As forEachChild(), but children that are known to be valid and to need no bounds may be left out.
+    void forEachRestlessChild(const std::function<void(Figure *)> &visit) const;
 
 private:
     friend class Figure;
 
-    template <typename Visit>
-    void visitChildren(const Visit &visit) const;
+    template <typename Glance, typename Visit>
+    void visitChildren(Glance glance, const Visit &visit) const;
+    qsizetype firstRestless(const QList<Figure *> &children, qsizetype place) const;
+    void renote(Figure *child, int slot);
+    void noteMove(Figure *child, int slot);
+    void dropNote(Figure *child, int slot);
+    void dropRest(Figure *child, int slot);
+    void noteRest(const QList<Figure *> &children, qsizetype place) const;
+    static bool isFulfilled(const QVariant &constraint, const Figure &child);
+    ChildNote noteOn(Figure *child) const;
     bool insertChild(Figure *child, int index);
     void enterTree(Figure *child);
     bool storeConstraint(Figure *child, const QVariant &constraint);
