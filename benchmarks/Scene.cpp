@@ -15,6 +15,8 @@ constexpr quint32 Seed = 20260101;
 constexpr QSize PlainPitch(100, 60);
 constexpr QSize PlainBox(80, 40);
 constexpr QSize ChipPitch(110, 70);
+// From here on labels would not fit their boxes, and the library widens a figure that is narrower than its text.
+constexpr int FirstWideNumber = 100000;
 constexpr int FarthestNeighbour = 4;
 constexpr double ViewportAspect = 1200.0 / 800.0;
 
@@ -40,7 +42,7 @@ void fill(Scene &scene, int count, const QSize &boxSize)
     QRandomGenerator random(Seed);
     for (int i = 0; i < count; ++i) {
         const QPoint place(i % scene.columns * scene.pitch.width(), i / scene.columns * scene.pitch.height());
-        const QString label = i % 4 == 0 ? QStringLiteral("Node %1").arg(i) : QString();
+        const QString label = i % 4 == 0 ? QStringLiteral("Node %1").arg(i % FirstWideNumber) : QString();
         scene.boxes.push_back({QRect(place, boxSize), QColor::fromRgb(Palette[random.bounded(6U)]), label});
     }
 }

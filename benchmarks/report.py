@@ -12,8 +12,6 @@ import sys
 CONTESTANTS = ["library", "graphicsview-bsp", "graphicsview-noindex", "painter"]
 PEERS = CONTESTANTS[1:3]
 GROWTH_FROM, GROWTH_TO = 10000, 100000
-# Links come in other numbers than figures.
-LINK_GROWTH_FROM, LINK_GROWTH_TO = 1000, 10000
 
 
 def load_medians(raw):
@@ -56,10 +54,9 @@ def make_rows(medians, units):
 def make_growth(medians):
     rows = []
     for workload, counts in medians.items():
-        start, end = (LINK_GROWTH_FROM, LINK_GROWTH_TO) if workload.startswith("W12") else (GROWTH_FROM, GROWTH_TO)
-        if start in counts and end in counts:
-            growth = {name: ratio(counts[end].get(name), counts[start].get(name)) for name in counts[end]}
-            rows.append({"workload": workload, "from": start, "to": end, "growth": growth})
+        if GROWTH_FROM in counts and GROWTH_TO in counts:
+            growth = {name: ratio(value, counts[GROWTH_FROM].get(name)) for name, value in counts[GROWTH_TO].items()}
+            rows.append({"workload": workload, "from": GROWTH_FROM, "to": GROWTH_TO, "growth": growth})
     rows.sort(key=lambda row: (int(re.match(r"W(\d+)", row["workload"])[1]), row["workload"]))
     return rows
 
