@@ -318,26 +318,26 @@ private:
     void paintClientArea(QPainter *painter, PassOption &pass, const QRect &clientArea, const QRect &area);
     void paintHighlight(QPainter *painter, const QStyleOptionViewItem &option, const QRect &clientArea) const;
 
-    // First what is looked at most, so that it lies together: of many figures nothing else is needed.
+    // First what painting looks at, so that it lies together: painting looks at many figures.
     QRect m_bounds;
     unsigned int m_flags = FLAG_VISIBLE | FLAG_ENABLED;
     int m_margin = 0;
     QPointer<Figure> m_parentFigure;
-    // The layouts that list this figure as a child: one, unless it was added to several parents.
-    QVarLengthArray<Holder, 1> m_holders;
     QPointer<Layout> m_layout;
     QPointer<Border> m_border;
+    QColor m_backgroundColor;
+    int m_highlightStyle = 1;
+    bool m_clientAreaHighlighted = false;
+    // The layouts that list this figure as a child: one, unless it was added to several parents.
+    QVarLengthArray<Holder, 1> m_holders;
     QSize m_minimumSize {-1, -1};
     QSize m_maximumSize {0x7ffffff, 0x7ffffff};
     QSize m_preferredSize;
-    QColor m_backgroundColor;
     QPointer<Figure> m_tooltip;
     QPointer<UpdateManager> m_updateManager;
     QPointer<AncestorHelper> m_ancestorHelper;
     std::unique_ptr<FigureListeners> m_listeners;
     Qt::Orientations m_expandingDirections;
-    int m_highlightStyle = 1;
-    bool m_clientAreaHighlighted = false;
 };
 
 } // namespace Vantrel::Pictel
