@@ -65,7 +65,7 @@ bool FreeformLayout::remove(Figure *child)
         return false;
     if (!self.isAlive())
         return true;
-    if (guest.isAlive())
+    if (guest.isAlive() && isMoveHeard(*child))
         examinedMoves().disconnect(child, this);
     examineExtent();
     return true;

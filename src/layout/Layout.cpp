@@ -9,6 +9,7 @@
 #include <vtlpictel/layout/ILayoutListener.h>
 
 #include <QMessageLogger>
+#include <QMetaMethod>
 
 namespace Vantrel::Pictel {
 
@@ -335,6 +336,12 @@ void Layout::recall(const Figure *child) const
     const int slot = child->slotIn(this);
     if (slot >= 0)
         m_children->recall(child, slot);
+}
+
+bool Layout::isMoveHeard(const Figure &child)
+{
+    static const QMetaMethod moved = QMetaMethod::fromSignal(&Figure::figureMoved);
+    return child.isSignalConnected(moved);
 }
 
 bool Layout::holds(const Figure *child) const

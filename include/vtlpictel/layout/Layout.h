@@ -144,6 +144,8 @@ protected:
     void setChildObserver(LayoutChildObserver *observer) { m_childObserver = observer; }
     /// Announces look-ups of \a child, which must be alive: they need no search then.
     void recall(const Figure *child) const;
+    /// True when anything is connected with the figureMoved() signal of \a child, which must be alive.
+    static bool isMoveHeard(const Figure &child);
     /// True when \a child is one of the children: a test in constant time that does not touch the figure.
     bool holds(const Figure *child) const;
     /// Calls \a visit for every child, bottom to top. Children that leave or die meanwhile are skipped, and the walk
