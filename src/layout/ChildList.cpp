@@ -21,15 +21,15 @@ int ChildList::insert(Figure *child, int index)
     if (isOnTop) {
         placeOfSlot(slot) = static_cast<int>(m_ordered.size());
         m_ordered.append(child);
-        m_places.push_back({ChildNote(), slot});
-        m_restless.push_back(1);
+        m_places.append({ChildNote(), slot});
+        m_restless.append(1);
         return slot;
     }
     closeHoles();
     placeOfSlot(slot) = index;
     m_ordered.insert(index, child);
-    m_places.insert(m_places.begin() + index, {ChildNote(), slot});
-    m_restless.insert(m_restless.begin() + index, 1);
+    m_places.insert(index, {ChildNote(), slot});
+    m_restless.insert(index, 1);
     m_firstShifted = qMin(m_firstShifted, qsizetype(index));
     return slot;
 }
@@ -67,8 +67,8 @@ int ChildList::remove(const Figure *child)
     ++m_departures;
     if (place == m_ordered.size() - 1) {
         m_ordered.removeLast();
-        m_places.pop_back();
-        m_restless.pop_back();
+        m_places.removeLast();
+        m_restless.removeLast();
         return slot;
     }
     m_ordered[place] = nullptr;
@@ -134,19 +134,19 @@ void ChildList::dropHelper(const Figure *child)
 void ChildList::setNote(qsizetype place, const ChildNote &note)
 {
     placeAt(place).note = note;
-    m_restless[static_cast<std::size_t>(place)] = note.has(ChildNote::Rest) ? 0 : 1;
+    m_restless[place] = note.has(ChildNote::Rest) ? 0 : 1;
 }
 
 void ChildList::forgetNotes()
 {
     for (Place &place : m_places)
         place.note = ChildNote();
-    m_restless.assign(m_restless.size(), 1);
+    m_restless.fill(1);
 }
 
 qsizetype ChildList::firstRestless(qsizetype place) const
 {
-    const char *first = m_restless.data();
+    const char *first = m_restless.constData();
     const char *last = first + m_restless.size();
     const void *found
         = place < placeCount() ? std::memchr(first + place, 1, std::size_t(last - first - place)) : nullptr;
@@ -184,8 +184,8 @@ void ChildList::closeHoles()
             movePlace(place, end++);
     }
     m_ordered.resize(end);
-    m_places.resize(static_cast<std::size_t>(end));
-    m_restless.resize(static_cast<std::size_t>(end));
+    m_places.resize(end);
+    m_restless.resize(end);
     m_holes = 0;
 }
 
@@ -193,7 +193,7 @@ void ChildList::movePlace(qsizetype from, qsizetype to)
 {
     m_ordered[to] = m_ordered.at(from);
     placeAt(to) = placeAt(from);
-    m_restless[static_cast<std::size_t>(to)] = m_restless[static_cast<std::size_t>(from)];
+    m_restless[to] = m_restless.at(from);
 }
 
 } // namespace Vantrel::Pictel

@@ -53,7 +53,7 @@ public:
 
     bool isUnchanged(const QList<Figure *> &copy) const { return copy.constData() == m_ordered.constData(); }
     qsizetype placeCount() const { return m_ordered.size(); }
-    const ChildNote &noteAt(qsizetype place) const { return m_places[static_cast<std::size_t>(place)].note; }
+    const ChildNote &noteAt(qsizetype place) const { return m_places.at(place).note; }
     void setNote(qsizetype place, const ChildNote &note);
     void forgetNotes();
     /// The place of \a child if it has that slot; otherwise -1.
@@ -82,16 +82,16 @@ private:
     const Entry &entryAt(int slot) const { return m_entries[static_cast<std::size_t>(slot)]; }
     Entry &entryAt(int slot) { return m_entries[static_cast<std::size_t>(slot)]; }
     int takeSlot();
-    Place &placeAt(qsizetype place) { return m_places[static_cast<std::size_t>(place)]; }
+    Place &placeAt(qsizetype place) { return m_places[place]; }
     int &placeOfSlot(int slot) { return m_placeOfSlot[static_cast<std::size_t>(slot)]; }
     void renumber();
     void closeHoles();
     void movePlace(qsizetype from, qsizetype to);
 
     QList<Figure *> m_ordered;
-    std::vector<Place> m_places;
+    QList<Place> m_places;
     // By place: 1 unless the note says that the child is at rest, in bytes, which are searched fastest.
-    std::vector<char> m_restless;
+    QList<char> m_restless;
     // By slot, and out of date for children from m_firstShifted on.
     std::vector<int> m_placeOfSlot;
     qsizetype m_firstShifted = 0;
