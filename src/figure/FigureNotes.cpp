@@ -5,6 +5,8 @@
 #include "figure/ChildNote_p.h"
 #include "support/BoundedRect.h"
 
+#include <vtlpictel/figure/Border.h>
+
 namespace Vantrel::Pictel {
 
 // GCC tells which function a virtual call would reach. Other compilers do not: next to nothing is noted then, and every
@@ -70,8 +72,8 @@ unsigned int Figure::plainTopics() const
 // True when filling the background is all that the figure draws, so that the painter's state stays as it is.
 bool Figure::onlyFills() const
 {
-    return !getBorder() && leaves<&Figure::drawBackground>(*this) && leaves<&Figure::drawFigure>(*this)
-        && leaves<&Figure::drawBorder>(*this);
+    return !m_border && leaves<&Figure::getBorder>(*this) && leaves<&Figure::drawBackground>(*this)
+        && leaves<&Figure::drawFigure>(*this) && leaves<&Figure::drawBorder>(*this);
 }
 
 // Invalid bounds are left to the operations themselves: they complain, or turn them over.

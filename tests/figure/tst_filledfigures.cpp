@@ -37,6 +37,19 @@ protected:
     }
 };
 
+class OwnBorder : public Figure
+{
+public:
+    Border *own = nullptr;
+    mutable int questions = 0;
+
+    Border *getBorder() const override
+    {
+        ++questions;
+        return own;
+    }
+};
+
 } // namespace
 
 /// A figure that only fills its background is painted in a shorter way; any other is not.
@@ -50,6 +63,8 @@ private Q_SLOTS:
     void ownBackgroundLeavesThePainterAsItWas();
     void ownDrawingLeavesThePainterAsItWas();
     void ownBorderDrawingIsCalledWithoutABorder();
+    void ownBorderIsAskedForOnceAndPainted();
+    void ownLackOfABorderIsAskedForOnce();
 
 private:
     // Paints the figure at (10, 10, 20, 20).
@@ -111,6 +126,27 @@ void tst_FilledFigures::ownBorderDrawingIsCalledWithoutABorder()
     paint(figure);
     QCOMPARE(figure.borders, 1);
     QCOMPARE(m_penColor, QColor(Qt::blue));
+}
+
+void tst_FilledFigures::ownBorderIsAskedForOnceAndPainted()
+{
+    OwnBorder figure;
+    CallLog log;
+    ProbeBorder border(Insets(1, 1, 1, 1), &log);
+    figure.own = &border;
+    paint(figure);
+    QCOMPARE(figure.questions, 1);
+    QCOMPARE(log.calls(), QStringList({"border.render(10,10 20x20)"}));
+}
+
+void tst_FilledFigures::ownLackOfABorderIsAskedForOnce()
+{
+    OwnBorder figure;
+    ProbeBorder border(Insets(1, 1, 1, 1));
+    figure.setBorder(&border);
+    paint(figure);
+    QCOMPARE(figure.questions, 1);
+    QCOMPARE(m_device.count(), 1);
 }
 
 PICTEL_TEST_MAIN(tst_FilledFigures)
