@@ -31,10 +31,10 @@ void DirtyArea::add(QWidget &widget, const QRect &rect)
     if (!widget.isVisible() || !widget.updatesEnabled())
         return;
     const QRect visible = rect & visiblePart(widget);
-    if (visible.isEmpty() || isQueued(visible))
+    if (visible.isEmpty())
         return;
     m_around |= visible;
-    widget.update(join(visible));
+    widget.update(isQueued(visible) ? visible : join(visible));
 }
 
 void DirtyArea::clear()
@@ -72,7 +72,7 @@ bool DirtyArea::absorb(Patch &patch, const Patch &other)
     const qint64 pixels = patch.pixels + other.pixels;
     if (!touches(patch.rect, other.rect) || pixelsOf(around) > 2 * pixels)
         return false;
-    patch = {around, pixels};
+    patch = {around, qMin(pixels, pixelsOf(around))};
     return true;
 }
 

@@ -10,6 +10,28 @@
 
 using namespace Vantrel::Pictel;
 
+namespace {
+
+/// Lets no paint event through to a widget as long as it lives.
+class PaintSwallower : public QObject
+{
+public:
+    explicit PaintSwallower(QObject &widget) { widget.installEventFilter(this); }
+    int count() const { return m_count; }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        const bool isSwallowed = event->type() == QEvent::Paint;
+        m_count += isSwallowed ? 1 : 0;
+        return isSwallowed;
+    }
+
+private:
+    int m_count = 0;
+};
+
+} // namespace
+
 class tst_ViewerEvents : public PictelTest
 {
     Q_OBJECT
@@ -26,6 +48,7 @@ private Q_SLOTS:
     void touchingDirtyRectsBecomeTheRectAroundThem_data();
     void touchingDirtyRectsBecomeTheRectAroundThem();
     void dirtyRectsAreExactAgainAfterPainting();
+    void dirtyRectsAreRepaintedAfterAPaintingThatWasSwallowed();
     void figureChangeIsRepainted();
     void updateAndRepaintAreTheWidgets();
 
@@ -159,6 +182,8 @@ void tst_ViewerEvents::touchingDirtyRectsBecomeTheRectAroundThem_data()
     row("around twice as many pixels", {QRect(0, 0, 10, 10), QRect(10, 10, 10, 10)}, QRect(0, 0, 20, 20));
     row("around more than twice as many pixels", {QRect(0, 0, 10, 10), QRect(10, 10, 11, 9)},
         QRegion(0, 0, 10, 10) + QRect(10, 10, 11, 9));
+    row("overlapping pixels count once", {QRect(0, 0, 10, 10), QRect(1, 0, 10, 10), QRect(11, 10, 12, 9)},
+        QRegion(0, 0, 11, 10) + QRect(11, 10, 12, 9));
     row("inside", {first, QRect(5, 5, 4, 4)}, first);
     row("joined by a third", {QRect(0, 0, 10, 10), QRect(20, 0, 10, 10), QRect(10, 0, 10, 10)}, QRect(0, 0, 30, 10));
     row("a chain", {QRect(0, 0, 10, 10), QRect(10, 10, 10, 10), QRect(20, 20, 10, 10)},
@@ -190,6 +215,22 @@ void tst_ViewerEvents::dirtyRectsAreExactAgainAfterPainting()
     drawing.viewer.updateContentRect(QRect(100, 100, 2, 2));
     QTRY_COMPARE(log.count(), 1);
     QCOMPARE(log.painted(), QRegion(50, 50, 2, 2) + QRegion(150, 150, 2, 2));
+}
+
+void tst_ViewerEvents::dirtyRectsAreRepaintedAfterAPaintingThatWasSwallowed()
+{
+    Large drawing;
+    QVERIFY(drawing.showAtScale(1.0, QPoint(-50, -50)));
+    EventLog log(drawing.widget, {QEvent::Paint});
+    {
+        const PaintSwallower swallower(drawing.widget);
+        drawing.viewer.updateContentRect(QRect(10, 20, 30, 40));
+        QTRY_COMPARE(swallower.count(), 1);
+    }
+    QCOMPARE(log.count(), 0);
+    drawing.viewer.updateContentRect(QRect(10, 20, 30, 40));
+    QTRY_COMPARE(log.count(), 1);
+    QCOMPARE(log.painted(), QRegion(60, 70, 30, 40));
 }
 
 void tst_ViewerEvents::figureChangeIsRepainted()
