@@ -20,7 +20,7 @@ Scene sceneOf(int count)
 }
 
 // The first one to build a large scene waits for the operating system to hand out and clear the memory, many times as
-// long as for anything else. Here it is everybody's own, and given back to nobody but the program.
+// long as for anything else. So each contestant builds one before it is timed; the memory stays with the program.
 void provideMemory(Contestant contestant, const Scene &scene)
 {
     const std::unique_ptr<Stage> stage = emptyStage(contestant);
