@@ -26,6 +26,15 @@ ExtentIndex::ExtentIndex(FreeformLayout &layout)
 
 QRect ExtentIndex::extent()
 {
+    if ((!m_due.empty() || !m_unsteady.empty()) && !askAll())
+        return QRect();
+    const QRect whole = m_contributions.whole();
+    return whole.isNull() ? lastNullContribution() : whole;
+}
+
+// Asks whoever is due; false when the layout died of it.
+bool ExtentIndex::askAll()
+{
     const LifeGuard<Layout> layout(&m_layout);
     const std::vector<Question> questions = takeQuestions();
     const bool areMany = questions.size() > m_children.size() / ManyPart;
@@ -33,10 +42,9 @@ QRect ExtentIndex::extent()
         if (childAt(question.slot).figure == question.figure)
             ask(question, areMany ? &UnionTree::setOneOfMany : &UnionTree::set);
         if (!layout.isAlive())
-            return QRect();
+            return false;
     }
-    const QRect whole = m_contributions.whole();
-    return whole.isNull() ? lastNullContribution() : whole;
+    return true;
 }
 
 // Whoever becomes due from now on is asked the next time.
@@ -61,8 +69,11 @@ void ExtentIndex::childAdded(Figure *child, int slot)
     childChanged(slot);
 }
 
+// A child that is taken out loses its constraint first, and so is the last to have become due.
 void ExtentIndex::childRemoved(int slot)
 {
+    if (!m_due.empty() && m_due.back().slot == slot)
+        m_due.pop_back();
     m_contributions.set(slot, QRect());
     childAt(slot) = Child();
 }

@@ -52,6 +52,7 @@ private:
     using Store = void (UnionTree::*)(int slot, const QRect &rect);
 
     Child &childAt(int slot) { return m_children[static_cast<std::size_t>(slot)]; }
+    bool askAll();
     void ask(const Question &question, Store store);
     std::vector<Question> takeQuestions();
     QRect lastNullContribution() const;
