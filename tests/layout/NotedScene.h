@@ -14,6 +14,13 @@
 #include <memory>
 #include <utility>
 
+using Figures = QList<Vantrel::Pictel::Figure *>;
+using Rects = QList<QRect>;
+
+/// Two places for a child, far from each other.
+inline constexpr QRect here(10, 10, 20, 20);
+inline constexpr QRect there(500, 500, 20, 20);
+
 /// Accepts all figures but one and enters every figure, and calls back for each that it is asked about.
 class WatchingSearch : public Vantrel::Pictel::ITreeSearch
 {
@@ -130,6 +137,17 @@ public:
     {
         painted(QRect(0, 0, 1000, 1000));
         root->validate();
+    }
+
+    void validateAll()
+    {
+        root->setValid(false);
+        root->validate();
+    }
+    void layOut()
+    {
+        layout->invalidate();
+        layout->layout(root);
     }
 
     QList<QRect> painted(const QRect &area) { return fillsOf(*root, area); }

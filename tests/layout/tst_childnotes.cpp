@@ -9,15 +9,9 @@
 
 using namespace Vantrel::Pictel;
 
-using Figures = QList<Figure *>;
-using Rects = QList<QRect>;
-
 namespace {
 
 constexpr char invalidBounds[] = "Figure::render(): invalid figure bounds";
-
-const QRect here(10, 10, 20, 20);
-const QRect there(500, 500, 20, 20);
 
 class OpenFigure : public Figure
 {

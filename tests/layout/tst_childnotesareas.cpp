@@ -7,8 +7,6 @@
 
 using namespace Vantrel::Pictel;
 
-using Figures = QList<Figure *>;
-
 namespace {
 
 constexpr int least = std::numeric_limits<int>::min();

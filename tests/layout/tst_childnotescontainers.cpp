@@ -8,28 +8,11 @@
 
 using namespace Vantrel::Pictel;
 
-using Figures = QList<Figure *>;
-using Rects = QList<QRect>;
-
 namespace {
 
-const QRect here(10, 10, 20, 20);
-const QRect there(500, 500, 20, 20);
 const QRect corner(0, 0, 31, 31);
 // A container that is moved so has there where here was.
 const QRect moved(-490, -490, 1000, 1000);
-
-void validateAll(NotedScene &scene)
-{
-    scene.root->setValid(false);
-    scene.root->validate();
-}
-
-void layOut(NotedScene &scene)
-{
-    scene.layout->invalidate();
-    scene.layout->layout(scene.root);
-}
 
 /// Shows itself in one place and says that it is in another.
 class DisplacedFigure : public ActingFigure
@@ -249,7 +232,7 @@ void tst_ChildNotesContainers::overriddenConstraintsAreAskedForInEachPass()
     for (int pass = 0; pass < 2; ++pass) {
         layout->asked = 0;
         layout->applied = 0;
-        layOut(scene);
+        scene.layOut();
         QCOMPARE(layout->asked, 2);
         QCOMPARE(layout->applied, 2);
     }
@@ -261,7 +244,7 @@ void tst_ChildNotesContainers::constraintStoredBehindTheBackIsApplied()
     NotedScene scene(layout);
     Figure *child = scene.addNoted(here);
     layout->getHelper(child)->constraint = there;
-    layOut(scene);
+    scene.layOut();
     QCOMPARE(child->getBounds(), there);
     QCOMPARE(scene.painted(there), Rects({there}));
 }
@@ -276,12 +259,12 @@ void tst_ChildNotesContainers::constraintOfAValidChildIsAppliedByTheNextLayout()
     scene.layout->invalidate();
     child->setBounds(here);
     child->setValid(true);
-    layOut(scene);
+    scene.layOut();
     QCOMPARE(child->getBounds(), there);
     scene.layout->setConstraint(child, QVariant());
     scene.layout->invalidate();
     child->setBounds(here);
-    layOut(scene);
+    scene.layOut();
     QCOMPARE(child->getBounds(), here);
 }
 
@@ -292,12 +275,12 @@ void tst_ChildNotesContainers::childInvalidatedAloneIsValidatedWithItsParent()
     auto *second = scene.addNoted<ActingFigure>(there);
     first->layouts = second->layouts = 0;
     second->setFlag(Figure::FLAG_VALID, false);
-    validateAll(scene);
+    scene.validateAll();
     QCOMPARE(first->layouts, 0);
     QCOMPARE(second->layouts, 1);
     first->setValid(false);
     second->invalidate();
-    validateAll(scene);
+    scene.validateAll();
     QCOMPARE(first->layouts, 1);
     QCOMPARE(second->layouts, 2);
 }
@@ -308,12 +291,12 @@ void tst_ChildNotesContainers::validChildIsLaidOutOnce()
     auto *child = scene.addNoted<ActingFigure>(here);
     scene.layout->setConstraint(child, there);
     child->layouts = 0;
-    validateAll(scene);
-    validateAll(scene);
+    scene.validateAll();
+    scene.validateAll();
     QCOMPARE(child->layouts, 0);
     child->invalidate();
-    validateAll(scene);
-    validateAll(scene);
+    scene.validateAll();
+    scene.validateAll();
     QCOMPARE(child->layouts, 1);
 }
 
@@ -355,7 +338,7 @@ void tst_ChildNotesContainers::locatorIsAskedInEachLayout()
     scene.layout->setConstraint(child, QVariant::fromValue<QObject *>(&locator));
     for (const QRect &place : {there, here, there}) {
         locator.place = place;
-        layOut(scene);
+        scene.layOut();
         QCOMPARE(child->getBounds(), place);
         scene.takeNotes();
     }
@@ -369,7 +352,7 @@ void tst_ChildNotesContainers::constraintThatLeavesTheSizeOpenIsResolvedInEachLa
     scene.layout->setConstraint(child, QRect(here.topLeft(), QSize(0, 0)));
     QCOMPARE(child->getBounds(), here);
     child->setPreferredSize(QSize(70, 60));
-    layOut(scene);
+    scene.layOut();
     QCOMPARE(child->getBounds(), QRect(here.topLeft(), QSize(70, 60)));
 }
 

@@ -7,13 +7,7 @@
 
 using namespace Vantrel::Pictel;
 
-using Figures = QList<Figure *>;
-using Rects = QList<QRect>;
-
 namespace {
-
-const QRect here(10, 10, 20, 20);
-const QRect there(500, 500, 20, 20);
 
 /// A child that keeps to itself what it is told when it is added; all that its layout can notice is that it is there.
 class UnmovedFigure : public ActingFigure

@@ -5,13 +5,8 @@
 
 using namespace Vantrel::Pictel;
 
-using Figures = QList<Figure *>;
-using Rects = QList<QRect>;
-
 namespace {
 
-const QRect here(10, 10, 20, 20);
-const QRect there(500, 500, 20, 20);
 const WatchingSearch everyFigure;
 
 /// A figure that overrides one operation, to count its calls.
@@ -151,16 +146,14 @@ void hitTest(NotedScene &scene)
     scene.hit(there.x(), there.y());
 }
 
-void validateAll(NotedScene &scene)
-{
-    scene.root->setValid(false);
-    scene.root->validate();
-}
-
 void layOut(NotedScene &scene)
 {
-    scene.layout->invalidate();
-    scene.layout->layout(scene.root);
+    scene.layOut();
+}
+
+void validateAll(NotedScene &scene)
+{
+    scene.validateAll();
 }
 
 template <typename Child>

@@ -6,9 +6,6 @@
 
 using namespace Vantrel::Pictel;
 
-using Figures = QList<Figure *>;
-using Rects = QList<QRect>;
-
 namespace {
 
 /// Validates itself in its own way, which it has to be asked for each time.
@@ -23,8 +20,6 @@ public:
     }
 };
 
-const QRect here(10, 10, 20, 20);
-const QRect there(500, 500, 20, 20);
 const QRect corner(0, 0, 31, 31);
 // A container that is moved so has there where here was.
 const QRect moved(-490, -490, 1000, 1000);
