@@ -3,6 +3,7 @@
 #include "layout/LocatorConstraint_p.h"
 #include "layout/RectConstraint_p.h"
 #include "support/LifeGuard.h"
+#include "support/ReadAhead.h"
 #include "support/RectExtents.h"
 #include "support/SignalConnection.h"
 
@@ -153,8 +154,10 @@ bool XYLayout::addWatched(Figure *child, const Arguments &...arguments)
 
 bool XYLayout::remove(Figure *child)
 {
-    if (child)
+    if (child) {
+        readAll(child);
         followedMoves().disconnect(child, this);
+    }
     return Layout::remove(child);
 }
 
