@@ -359,7 +359,7 @@ void Figure::validate()
     const LifeGuard<Figure> self(this);
     layout();
     if (self.isAlive())
-        forEachChild([](Figure *child) { child->validate(); }, true);
+        forEachChild([](Figure *child) { child->validate(); }, Walk::Restless);
     if (self.isAlive())
         setValid(true);
 }

@@ -99,14 +99,15 @@ int Figure::leave(const Layout *layout)
 
 // Calls visit for every child from bottom to top; children that leave or die meanwhile are skipped, and the walk ends
 // when the layout that held them dies.
-void Figure::forEachChild(void (*visit)(Figure *child), bool isRestPassedBy)
+void Figure::forEachChild(void (*visit)(Figure *child), Walk walk)
 {
     const Layout *layout = m_layout;
     const LifeGuard<Layout> keeper(layout);
+    const bool passesByRest = layout && walk == Walk::Restless;
     const QList<Figure *> children = childFigures();
     const quint64 departures = layout ? layout->departures() : 0;
     for (qsizetype place = 0; place < children.size(); ++place) {
-        if (isRestPassedBy && layout)
+        if (passesByRest)
             place = layout->firstRestless(children, place);
         readAhead(children, place + ReadAheadDistance);
         Figure *child = children.value(place);
@@ -114,7 +115,7 @@ void Figure::forEachChild(void (*visit)(Figure *child), bool isRestPassedBy)
             visit(child);
         if (layout && !keeper.isAlive())
             return;
-        if (isRestPassedBy && layout)
+        if (passesByRest)
             layout->noteRest(children, place);
     }
 }

@@ -286,6 +286,9 @@ private:
         int slot;
     };
 
+    /// Restless passes by children that are known to have nothing to validate.
+    enum class Walk { Full, Restless };
+
     void setUpdateManager(UpdateManager *manager);
     int slotIn(const Layout *layout) const;
     int leave(const Layout *layout);
@@ -312,7 +315,7 @@ private:
     template <typename Value>
     Value &shiftToRelative(Value &value);
     FigureListeners &listeners();
-    void forEachChild(void (*visit)(Figure *child), bool isRestPassedBy = false);
+    void forEachChild(void (*visit)(Figure *child), Walk walk = Walk::Full);
     bool onlyFills() const;
     void paintOwn(QPainter *painter, const QStyleOptionViewItem &option) const;
     void paintClientArea(QPainter *painter, PassOption &pass, const QRect &clientArea, const QRect &area);

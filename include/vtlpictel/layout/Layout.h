@@ -151,7 +151,7 @@ protected:
     /// Calls \a visit for every child, bottom to top. Children that leave or die meanwhile are skipped, and the walk
     /// ends when the layout itself dies.
     void forEachChild(const std::function<void(Figure *)> &visit) const;
-    /// As forEachChild(), but children that are known to be valid and to need no bounds may be left out.
+    /// As forEachChild(), but may leave out children that are known to be valid and where their constraint wants them.
     void forEachRestlessChild(const std::function<void(Figure *)> &visit) const;
 
 private:
