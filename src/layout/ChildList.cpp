@@ -1,9 +1,18 @@
 #include "layout/ChildList_p.h"
 
+#include "support/ReadAhead.h"
+
 #include <cstring>
 #include <utility>
 
 namespace Vantrel::Pictel {
+
+namespace {
+
+// Addresses of children that left, so few that they may stay noted.
+constexpr qsizetype FewAddresses = 64;
+
+} // namespace
 
 const QList<Figure *> &ChildList::figures()
 {
@@ -15,8 +24,9 @@ int ChildList::insert(Figure *child, int index)
 {
     const bool isOnTop = index < 0 || index >= count();
     const int slot = takeSlot();
-    m_slots.insert(child, slot);
     entryAt(slot).child = child;
+    if (m_isSearchable)
+        m_slots.insert(child, slot);
     m_recentSlot = slot;
     if (isOnTop) {
         placeOfSlot(slot) = static_cast<int>(m_ordered.size());
@@ -62,18 +72,19 @@ int ChildList::remove(const Figure *child)
         return slot;
     const qsizetype place = placeOf(child, slot);
     entryAt(slot) = Entry();
-    m_slots.remove(child);
     m_freeSlots.push_back(slot);
     ++m_departures;
     if (place == m_ordered.size() - 1) {
         m_ordered.removeLast();
         m_places.removeLast();
         m_restless.removeLast();
-        return slot;
+    } else {
+        m_ordered[place] = nullptr;
+        placeAt(place) = Place();
+        ++m_holes;
     }
-    m_ordered[place] = nullptr;
-    placeAt(place) = Place();
-    ++m_holes;
+    if (m_slots.size() > 2 * qsizetype(count()) + FewAddresses)
+        forgetAddresses();
     return slot;
 }
 
@@ -82,7 +93,7 @@ QList<Figure *> ChildList::takeAll()
     const QList<Figure *> all = figures();
     m_departures += static_cast<quint64>(all.size());
     m_recentSlot = -1;
-    m_slots.clear();
+    forgetAddresses();
     m_freeSlots.clear();
     m_entries.clear();
     m_placeOfSlot.clear();
@@ -96,15 +107,51 @@ QList<Figure *> ChildList::takeAll()
 
 void ChildList::recall(const Figure *child, int slot) const
 {
-    Q_ASSERT(m_slots.value(child, -1) == slot);
+    Q_ASSERT(entryAt(slot).child == child);
     m_recentSlot = slot;
+}
+
+void ChildList::readSlot(int slot) const
+{
+    readSoon(entryAt(slot));
+    const qsizetype place = m_placeOfSlot[static_cast<std::size_t>(slot)];
+    if (place >= m_ordered.size())
+        return;
+    readSoon(m_ordered.at(place));
+    readSoon(m_places.at(place));
+    readSoon(m_restless.at(place));
 }
 
 int ChildList::slotOf(const Figure *child) const
 {
-    if (m_recentSlot < 0 || entryAt(m_recentSlot).child != child || !child)
-        m_recentSlot = m_slots.value(child, -1);
+    if (!child)
+        return -1;
+    if (m_recentSlot < 0 || entryAt(m_recentSlot).child != child)
+        m_recentSlot = search(child);
     return m_recentSlot;
+}
+
+int ChildList::search(const Figure *child) const
+{
+    if (!m_isSearchable)
+        noteAddresses();
+    const int slot = m_slots.value(child, -1);
+    return slot >= 0 && entryAt(slot).child == child ? slot : -1;
+}
+
+void ChildList::noteAddresses() const
+{
+    for (const Place &place : m_places) {
+        if (place.slot >= 0)
+            m_slots.insert(entryAt(place.slot).child, place.slot);
+    }
+    m_isSearchable = true;
+}
+
+void ChildList::forgetAddresses()
+{
+    m_slots.clear();
+    m_isSearchable = false;
 }
 
 const ChildList::Entry *ChildList::entryOf(const Figure *child) const

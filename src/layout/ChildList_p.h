@@ -28,7 +28,7 @@ class ChildList
 {
 public:
     bool contains(const Figure *child) const { return entryOf(child) != nullptr; }
-    int count() const { return static_cast<int>(m_slots.size()); }
+    int count() const { return static_cast<int>(m_ordered.size() - m_holes); }
     /// How many children have left so far: unchanged means that all who were there still are.
     quint64 departures() const { return m_departures; }
     const QList<Figure *> &figures();
@@ -42,7 +42,9 @@ public:
     QList<Figure *> takeAll();
     /// Tells that \a child has that slot: the next look-ups of it find it at once.
     void recall(const Figure *child, int slot) const;
-    /// The slot of \a child, or -1.
+    /// Asks the memory for what is kept about the child with that slot.
+    void readSlot(int slot) const;
+    /// The slot of \a child, or -1. Searched for, unless it was the last that was recalled or inserted.
     int slotOf(const Figure *child) const;
 
     void setHelper(const Figure *child, const Layout::LayoutHelper &helper);
@@ -82,6 +84,9 @@ private:
     const Entry &entryAt(int slot) const { return m_entries[static_cast<std::size_t>(slot)]; }
     Entry &entryAt(int slot) { return m_entries[static_cast<std::size_t>(slot)]; }
     int takeSlot();
+    int search(const Figure *child) const;
+    void noteAddresses() const;
+    void forgetAddresses();
     Place &placeAt(qsizetype place) { return m_places[place]; }
     int &placeOfSlot(int slot) { return m_placeOfSlot[static_cast<std::size_t>(slot)]; }
     void renumber();
@@ -102,8 +107,11 @@ private:
     // By slot; the addresses of helpers must last.
     std::deque<Entry> m_entries;
     std::vector<int> m_freeSlots;
-    QHash<const Figure *, int> m_slots;
     mutable int m_recentSlot = -1;
+    // Slots by address, noted when a search first needs them. Some are of children that left: a slot belongs to whom
+    // its entry says.
+    mutable QHash<const Figure *, int> m_slots;
+    mutable bool m_isSearchable = false;
 };
 
 } // namespace Vantrel::Pictel

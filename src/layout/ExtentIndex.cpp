@@ -2,6 +2,7 @@
 
 #include "layout/RectConstraint_p.h"
 #include "support/LifeGuard.h"
+#include "support/ReadAhead.h"
 
 #include <vtlpictel/figure/Figure.h>
 #include <vtlpictel/layout/FreeformLayout.h>
@@ -87,6 +88,12 @@ void ExtentIndex::childChanged(int slot)
 void ExtentIndex::childDestroyed()
 {
     m_layout.examineExtent();
+}
+
+void ExtentIndex::readSlot(int slot) const
+{
+    readSoon(m_children[static_cast<std::size_t>(slot)]);
+    m_contributions.readSlot(slot);
 }
 
 // The child's answer may come from an override that takes children out, this one included, or deletes the layout.

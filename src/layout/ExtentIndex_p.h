@@ -35,6 +35,7 @@ public:
     void childChanged(int slot) override;
     /// Has the layout examine its extent, as removing the child would.
     void childDestroyed() override;
+    void readSlot(int slot) const override;
 
 private:
     struct Child

@@ -4,6 +4,7 @@
 #include "layout/LayoutChildObserver_p.h"
 #include "layout/LocatorConstraint_p.h"
 #include "support/LifeGuard.h"
+#include "support/ReadAhead.h"
 
 #include <vtlpictel/figure/Figure.h>
 #include <vtlpictel/layout/ILayoutListener.h>
@@ -88,7 +89,7 @@ bool Layout::add(Figure *child, unsigned int vStretch, unsigned int hStretch, in
 bool Layout::insertChild(Figure *child, int index)
 {
     Figure *container = m_figure;
-    if (!container || !child || holds(child) || child->isSelfOrAncestorOf(container))
+    if (!container || !child || child->slotIn(this) >= 0 || child->isSelfOrAncestorOf(container))
         return false;
     const int slot = m_children->insert(child, index);
     child->m_holders.append({this, slot});
@@ -338,6 +339,19 @@ void Layout::recall(const Figure *child) const
         m_children->recall(child, slot);
 }
 
+// All that is read ahead arrives while the first of it is being dealt with.
+void Layout::recallLeaving(const Figure *child) const
+{
+    readAll(child);
+    const int slot = child->slotIn(this);
+    if (slot < 0)
+        return;
+    if (m_childObserver)
+        m_childObserver->readSlot(slot);
+    m_children->readSlot(slot);
+    m_children->recall(child, slot);
+}
+
 bool Layout::isMoveHeard(const Figure &child)
 {
     static const QMetaMethod moved = QMetaMethod::fromSignal(&Figure::figureMoved);
@@ -389,6 +403,7 @@ void Layout::takeOut(Figure *child)
 void Layout::forget(Figure *child)
 {
     const LifeGuard<Layout> self(this);
+    recall(child);
     dropConstraint(child);
     takeOut(child);
     if (m_figure && m_figure->getFlag(Figure::FLAG_NOTIFIED))

@@ -20,6 +20,8 @@ public:
     virtual void childChanged(int slot) = 0;
     /// A child that left did so because it was destroyed, not by Layout::remove().
     virtual void childDestroyed() = 0;
+    /// The child is about to leave: asks the memory for what is kept about it.
+    virtual void readSlot(int slot) const = 0;
 };
 
 } // namespace Vantrel::Pictel

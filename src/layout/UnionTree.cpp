@@ -1,8 +1,13 @@
 #include "layout/UnionTree_p.h"
 
+#include "support/ReadAhead.h"
+
 namespace Vantrel::Pictel {
 
 namespace {
+
+// From the leaves up. The nodes above are so few, and looked at so often, that the cache has them.
+constexpr int ColdLevels = 6;
 
 // QRect::united(), without a call for rectangles that are as they should be.
 QRect unionOf(const QRect &first, const QRect &second)
@@ -41,6 +46,13 @@ void UnionTree::setOneOfMany(int slot, const QRect &rect)
 {
     m_nodes[leaf(slot)] = rect;
     m_isOutdated = true;
+}
+
+void UnionTree::readSlot(int slot) const
+{
+    std::size_t node = leaf(slot);
+    for (int level = 0; level < ColdLevels; ++level, node /= 2)
+        readSoon(m_nodes[node]);
 }
 
 QRect UnionTree::whole()

@@ -21,6 +21,8 @@ public:
     /// As set(), for many slots in a row: the inner nodes are put right together when the union is next asked for.
     void setOneOfMany(int slot, const QRect &rect);
     QRect at(int slot) const { return m_nodes[leaf(slot)]; }
+    /// Asks the memory for the nodes that set() is going to look at.
+    void readSlot(int slot) const;
     /// The union of all slots; null when none holds a rectangle that is not.
     QRect whole();
 

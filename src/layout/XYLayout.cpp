@@ -3,7 +3,6 @@
 #include "layout/LocatorConstraint_p.h"
 #include "layout/RectConstraint_p.h"
 #include "support/LifeGuard.h"
-#include "support/ReadAhead.h"
 #include "support/RectExtents.h"
 #include "support/SignalConnection.h"
 
@@ -155,7 +154,7 @@ bool XYLayout::addWatched(Figure *child, const Arguments &...arguments)
 bool XYLayout::remove(Figure *child)
 {
     if (child) {
-        readAll(child);
+        recallLeaving(child);
         followedMoves().disconnect(child, this);
     }
     return Layout::remove(child);

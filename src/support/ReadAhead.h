@@ -27,6 +27,17 @@ template <typename Object>
 #endif
 }
 
+/// Asks the memory for the line in which \a object begins.
+template <typename Object>
+[[gnu::always_inline]] inline void readSoon(const Object &object)
+{
+#if defined(__GNUC__)
+    __builtin_prefetch(&object);
+#else
+    Q_UNUSED(object)
+#endif
+}
+
 /// Asks the memory for \a object and what was allocated along with it, which mostly lies right behind it: an object
 /// that is about to go is looked at in many places, and each would wait for the memory otherwise.
 template <typename Object>

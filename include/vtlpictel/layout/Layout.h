@@ -144,6 +144,8 @@ protected:
     void setChildObserver(LayoutChildObserver *observer) { m_childObserver = observer; }
     /// Announces look-ups of \a child, which must be alive: they need no search then.
     void recall(const Figure *child) const;
+    /// As recall(), for a child that is about to be removed: reads ahead what that takes.
+    void recallLeaving(const Figure *child) const;
     /// True when anything is connected with the figureMoved() signal of \a child, which must be alive.
     static bool isMoveHeard(const Figure &child);
     /// True when \a child is one of the children: a test in constant time that does not touch the figure.
