@@ -141,6 +141,7 @@ int ChildList::search(const Figure *child) const
 
 void ChildList::noteAddresses() const
 {
+    m_slots.reserve(count());
     for (const Place &place : m_places) {
         if (place.slot >= 0)
             m_slots.insert(entryAt(place.slot).child, place.slot);

@@ -23,7 +23,7 @@ namespace Vantrel::Pictel {
 ///
 /// Every child has a slot, a small number that is its own as long as it stays and then goes to a later one. Figures
 /// remember theirs, so that a living child is looked up without a search (recall()). Pointers to figures that may be
-/// dead are searched for, and never followed.
+/// dead are searched for, and never followed; the addresses are noted when that first happens.
 class ChildList
 {
 public:
