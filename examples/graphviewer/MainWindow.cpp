@@ -253,11 +253,18 @@ void MainWindow::dropEvent(QDropEvent *event)
 
 void MainWindow::chooseExport()
 {
-    const QString file = QFileDialog::getSaveFileName(
-        this, tr("Export Picture"), QFileInfo(m_shownFile).completeBaseName() + QStringLiteral(".png"),
-        tr("Pictures (*.png *.pdf)"));
-    if (file.isEmpty())
-        return;
+    const QFileInfo shown(m_shownFile);
+    auto *dialog = new QFileDialog(this, tr("Export Picture"), shown.absolutePath(), tr("Pictures (*.png *.pdf)"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("png"));
+    dialog->selectFile(shown.completeBaseName() + QStringLiteral(".png"));
+    connect(dialog, &QFileDialog::fileSelected, this, &MainWindow::exportTo);
+    dialog->open();
+}
+
+void MainWindow::exportTo(const QString &file)
+{
     const QString error = exportPicture(*m_view, file);
     if (!error.isEmpty())
         showError(error);

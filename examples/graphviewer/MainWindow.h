@@ -57,6 +57,7 @@ private:
     void chooseFile();
     void reload();
     void chooseExport();
+    void exportTo(const QString &file);
     void preview();
     void print();
     void copy();

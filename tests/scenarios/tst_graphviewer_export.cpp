@@ -7,6 +7,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QImage>
 #include <QMimeData>
 #include <QPrintPreviewDialog>
@@ -46,6 +49,8 @@ private Q_SLOTS:
     void emptyViewHasNoPicture();
     void pictureGoesToTheClipboard();
     void printPreviewShowsThePage();
+    void exportDialogOffersAPngBesideTheGraph();
+    void exportDialogAddsTheSuffix();
 
 private:
     struct Run
@@ -57,6 +62,7 @@ private:
 
     Run run(const QStringList &arguments, const QByteArray &path = qgetenv("PATH")) const;
     QString out(const QString &name) const { return m_directory.filePath(name); }
+    static void trigger(const MainWindow &window, const QString &text);
 
     QTemporaryDir m_directory;
 };
@@ -94,6 +100,14 @@ QSizeF pageSize(const QByteArray &pdf)
 }
 
 } // namespace
+
+void tst_GraphViewerExport::trigger(const MainWindow &window, const QString &text)
+{
+    for (QAction *action : window.findChildren<QAction *>()) {
+        if (action->text() == text)
+            action->trigger();
+    }
+}
 
 // No platform is set and no screen is named: the program has to do without.
 tst_GraphViewerExport::Run tst_GraphViewerExport::run(const QStringList &arguments, const QByteArray &path) const
@@ -378,15 +392,41 @@ void tst_GraphViewerExport::printPreviewShowsThePage()
     window.show();
     window.openFile(bundled(QStringLiteral("records.gv")));
     QTRY_VERIFY(window.view()->scene());
-    for (QAction *action : window.findChildren<QAction *>()) {
-        if (action->text().contains(QStringLiteral("Pre&view")))
-            action->trigger();
-    }
+    trigger(window, QStringLiteral("Print Pre&view..."));
     auto *dialog = window.findChild<QPrintPreviewDialog *>();
     QVERIFY(dialog);
     QTRY_VERIFY(dialog->isVisible());
     QVERIFY(dialog->grab().toImage().size().width() > 100);
     dialog->close();
+}
+
+void tst_GraphViewerExport::exportDialogOffersAPngBesideTheGraph()
+{
+    MainWindow window;
+    window.show();
+    const QString graph = bundled(QStringLiteral("records.gv"));
+    window.openFile(graph);
+    QTRY_VERIFY(window.view()->scene());
+    trigger(window, QStringLiteral("&Export..."));
+    auto *dialog = window.findChild<QFileDialog *>();
+    QVERIFY(dialog);
+    QCOMPARE(dialog->selectedFiles(), {QFileInfo(graph).absoluteDir().filePath(QStringLiteral("records.png"))});
+    dialog->close();
+}
+
+void tst_GraphViewerExport::exportDialogAddsTheSuffix()
+{
+    MainWindow window;
+    window.show();
+    window.openFile(bundled(QStringLiteral("records.gv")));
+    QTRY_VERIFY(window.view()->scene());
+    trigger(window, QStringLiteral("&Export..."));
+    auto *dialog = window.findChild<QFileDialog *>();
+    QVERIFY(dialog);
+    dialog->setDirectory(m_directory.path());
+    dialog->selectFile(QStringLiteral("named"));
+    QMetaObject::invokeMethod(dialog, "accept");
+    QCOMPARE(QImage(out(QStringLiteral("named.png"))).size(), window.view()->scene()->pictureArea().size());
 }
 
 PICTEL_TEST_MAIN(tst_GraphViewerExport)
