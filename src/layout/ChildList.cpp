@@ -9,8 +9,8 @@ namespace Vantrel::Pictel {
 
 namespace {
 
-// Addresses of children that left, so few that they may stay noted.
-constexpr qsizetype FewAddresses = 64;
+// What is left of so few children that went may stay.
+constexpr qsizetype FewRemains = 64;
 
 } // namespace
 
@@ -28,27 +28,37 @@ int ChildList::insert(Figure *child, int index)
     if (m_isSearchable)
         m_slots.insert(child, slot);
     m_recentSlot = slot;
-    if (isOnTop) {
-        placeOfSlot(slot) = static_cast<int>(m_ordered.size());
-        m_ordered.append(child);
-        m_places.append({ChildNote(), slot});
-        m_restless.append(1);
-        return slot;
-    }
-    closeHoles();
-    placeOfSlot(slot) = index;
-    m_ordered.insert(index, child);
-    m_places.insert(index, {ChildNote(), slot});
-    m_restless.insert(index, 1);
-    m_firstShifted = qMin(m_firstShifted, qsizetype(index));
+    if (!isOnTop && index > 0)
+        closeHoles();
+    insertAt(isOnTop ? m_ordered.size() : index, child, slot);
     return slot;
+}
+
+// The places above move up by one, which at the bottom is the same as all numbers starting one earlier.
+void ChildList::insertAt(qsizetype place, Figure *child, int slot)
+{
+    if (place == 0) {
+        --m_firstNumber;
+        ++m_firstShifted;
+    } else if (place < m_ordered.size()) {
+        m_firstShifted = qMin(m_firstShifted, place);
+    }
+    setPlaceOfSlot(slot, place);
+    m_ordered.insert(place, child);
+    m_places.insert(place, {ChildNote(), slot});
+    m_restless.insert(place, 1);
+}
+
+void ChildList::setPlaceOfSlot(int slot, qsizetype place)
+{
+    m_numbers[static_cast<std::size_t>(slot)] = m_firstNumber + static_cast<quint32>(place);
 }
 
 int ChildList::takeSlot()
 {
     if (m_freeSlots.empty()) {
         m_entries.emplace_back();
-        m_placeOfSlot.push_back(0);
+        m_numbers.push_back(0);
         return static_cast<int>(m_entries.size()) - 1;
     }
     const int slot = m_freeSlots.back();
@@ -70,39 +80,47 @@ int ChildList::remove(const Figure *child)
     const int slot = slotOf(child);
     if (slot < 0)
         return slot;
-    const qsizetype place = placeOf(child, slot);
+    vacate(placeOf(child, slot));
     entryAt(slot) = Entry();
     m_freeSlots.push_back(slot);
     ++m_departures;
+    clearUp();
+    return slot;
+}
+
+void ChildList::vacate(qsizetype place)
+{
     if (place == m_ordered.size() - 1) {
         m_ordered.removeLast();
         m_places.removeLast();
         m_restless.removeLast();
+    } else if (place == 0) {
+        m_ordered.removeFirst();
+        m_places.removeFirst();
+        m_restless.removeFirst();
+        ++m_firstNumber;
+        m_firstShifted = qMax(m_firstShifted - 1, qsizetype(0));
     } else {
         m_ordered[place] = nullptr;
         placeAt(place) = Place();
         ++m_holes;
     }
-    if (m_slots.size() > 2 * qsizetype(count()) + FewAddresses)
-        forgetAddresses();
-    return slot;
 }
 
-QList<Figure *> ChildList::takeAll()
+// Lets go of what children have left behind once there is more of it than of those that stay.
+void ChildList::clearUp()
 {
-    const QList<Figure *> all = figures();
-    m_departures += static_cast<quint64>(all.size());
-    m_recentSlot = -1;
-    forgetAddresses();
-    m_freeSlots.clear();
-    m_entries.clear();
-    m_placeOfSlot.clear();
-    m_ordered.clear();
-    m_places.clear();
-    m_restless.clear();
-    m_firstShifted = 0;
-    m_leaving.clear();
-    return all;
+    const qsizetype most = 2 * qsizetype(count()) + FewRemains;
+    if (m_ordered.size() > most)
+        closeHoles();
+    if (m_slots.size() > most)
+        forgetAddresses();
+}
+
+Figure *ChildList::topmost()
+{
+    closeHoles();
+    return m_ordered.value(m_ordered.size() - 1);
 }
 
 void ChildList::recall(const Figure *child, int slot) const
@@ -114,7 +132,7 @@ void ChildList::recall(const Figure *child, int slot) const
 void ChildList::readSlot(int slot) const
 {
     readSoon(entryAt(slot));
-    const qsizetype place = m_placeOfSlot[static_cast<std::size_t>(slot)];
+    const qsizetype place = placeOfSlot(slot);
     if (place >= m_ordered.size())
         return;
     readSoon(m_ordered.at(place));
@@ -203,20 +221,20 @@ qsizetype ChildList::firstRestless(qsizetype place) const
 
 qsizetype ChildList::placeOf(const Figure *child, int slot)
 {
-    if (slot < 0 || static_cast<std::size_t>(slot) >= m_placeOfSlot.size())
+    if (slot < 0 || static_cast<std::size_t>(slot) >= m_numbers.size())
         return -1;
     if (m_ordered.value(placeOfSlot(slot)) != child)
         renumber();
-    const int place = placeOfSlot(slot);
+    const qsizetype place = placeOfSlot(slot);
     return m_ordered.value(place) == child ? place : -1;
 }
 
 void ChildList::renumber()
 {
     for (qsizetype place = m_firstShifted; place < m_ordered.size(); ++place) {
-        const int slot = placeAt(place).slot;
+        const int slot = m_places.at(place).slot;
         if (slot >= 0)
-            placeOfSlot(slot) = static_cast<int>(place);
+            setPlaceOfSlot(slot, place);
     }
     m_firstShifted = m_ordered.size();
 }
@@ -227,21 +245,20 @@ void ChildList::closeHoles()
         return;
     qsizetype end = m_ordered.indexOf(nullptr);
     m_firstShifted = qMin(m_firstShifted, end);
+    Figure **children = m_ordered.data();
+    Place *places = m_places.data();
+    char *restless = m_restless.data();
     for (qsizetype place = end; place < m_ordered.size(); ++place) {
-        if (m_ordered.at(place))
-            movePlace(place, end++);
+        if (!children[place])
+            continue;
+        children[end] = children[place];
+        places[end] = places[place];
+        restless[end++] = restless[place];
     }
     m_ordered.resize(end);
     m_places.resize(end);
     m_restless.resize(end);
     m_holes = 0;
-}
-
-void ChildList::movePlace(qsizetype from, qsizetype to)
-{
-    m_ordered[to] = m_ordered.at(from);
-    placeAt(to) = placeAt(from);
-    m_restless[to] = m_restless.at(from);
 }
 
 } // namespace Vantrel::Pictel

@@ -16,9 +16,10 @@ namespace Vantrel::Pictel {
 
 /// The children of one layout in z-order, with what the layout keeps about each.
 ///
-/// Appending, looking up and removing take constant time on average in any order: a removed child leaves a hole in the
-/// ordered list, and the holes are closed when the list is next asked for. Each child remembers its place; places that
-/// an insertion in the middle or closed holes have shifted are put right when one is found to be wrong.
+/// Adding at either end, looking up and removing take constant time on average in any order: a removed child leaves a
+/// hole in the ordered list, and the holes are closed when the list is next asked for, or when most of it is holes.
+/// Each child remembers its place by a number; numbers that an insertion in the middle or closed holes have made wrong
+/// are put right when one is found to be so.
 /// Beside each child, in the order in which walks over the children come by, stands a note on it.
 ///
 /// Every child has a slot, a small number that is its own as long as it stays and then goes to a later one. Figures
@@ -39,7 +40,8 @@ public:
     bool startLeaving(const Figure *child);
     /// Returns the slot that \a child had, or -1.
     int remove(const Figure *child);
-    QList<Figure *> takeAll();
+    /// The child on top, or null.
+    Figure *topmost();
     /// Tells that \a child has that slot: the next look-ups of it find it at once.
     void recall(const Figure *child, int slot) const;
     /// Asks the memory for what is kept about the child with that slot.
@@ -87,18 +89,23 @@ private:
     int search(const Figure *child) const;
     void noteAddresses() const;
     void forgetAddresses();
+    void clearUp();
     Place &placeAt(qsizetype place) { return m_places[place]; }
-    int &placeOfSlot(int slot) { return m_placeOfSlot[static_cast<std::size_t>(slot)]; }
+    qsizetype placeOfSlot(int slot) const { return m_numbers[static_cast<std::size_t>(slot)] - m_firstNumber; }
+    void setPlaceOfSlot(int slot, qsizetype place);
+    void insertAt(qsizetype place, Figure *child, int slot);
+    void vacate(qsizetype place);
     void renumber();
     void closeHoles();
-    void movePlace(qsizetype from, qsizetype to);
 
     QList<Figure *> m_ordered;
     QList<Place> m_places;
     // By place: 1 unless the note says that the child is at rest, in bytes, which are searched fastest.
     QList<char> m_restless;
-    // By slot, and out of date for children from m_firstShifted on.
-    std::vector<int> m_placeOfSlot;
+    // By slot: the place, counted from m_firstNumber, so that nobody's changes when others come or go below. Out of
+    // date for children from place m_firstShifted on.
+    std::vector<quint32> m_numbers;
+    quint32 m_firstNumber = 0;
     qsizetype m_firstShifted = 0;
     qsizetype m_holes = 0;
     quint64 m_departures = 0;

@@ -413,21 +413,15 @@ void Layout::forget(Figure *child)
 }
 
 // The layout may be used for another container, so it must not go on following these children's moves. Ending that may
-// call out to a child that changes others: none of them must still count as a child.
+// call out to a child that changes or deletes others, or the layout.
 void Layout::releaseAll()
 {
-    const QList<QObject *> objects = m_children->objectConstraints.takeAll();
-    const QList<Figure *> children = m_children->takeAll();
-    for (Figure *child : children) {
-        const int slot = child->leave(this);
-        if (m_childObserver && slot >= 0)
-            m_childObserver->childRemoved(slot);
-    }
-    for (Figure *child : children)
+    const LifeGuard<Layout> self(this);
+    while (Figure *child = self.isAlive() ? m_children->topmost() : nullptr) {
+        recall(child);
+        dropConstraint(child);
+        takeOut(child);
         disconnect(child, &Figure::figureMoved, this, nullptr);
-    for (QObject *object : objects) {
-        disconnect(object, &QObject::destroyed, this, &Layout::constraintObjectDestroyed);
-        releaseObject(object);
     }
 }
 

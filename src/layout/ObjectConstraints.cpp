@@ -25,17 +25,6 @@ QList<Figure *> ObjectConstraints::take(QObject *object)
     return children;
 }
 
-QList<QObject *> ObjectConstraints::takeAll()
-{
-    QList<QObject *> objects;
-    for (const auto &[object, child] : m_pairs) {
-        if (objects.isEmpty() || objects.constLast() != object)
-            objects.append(object);
-    }
-    m_pairs.clear();
-    return objects;
-}
-
 bool ObjectConstraints::contains(QObject *object) const
 {
     const auto found = first(object);

@@ -24,8 +24,6 @@ public:
     bool remove(QObject *object, Figure *child);
     /// Removes the children of \a object and returns them.
     QList<Figure *> take(QObject *object);
-    /// Removes all children and returns the objects, each once.
-    QList<QObject *> takeAll();
 
 private:
     using Pairs = std::set<std::pair<QObject *, Figure *>>;

@@ -88,6 +88,7 @@ private Q_SLOTS:
     void childrenOfAReleasedLayoutAreFollowed();
     void leaversAreNotFollowed();
     void childrenThatChangeWhileTheyAreReleasedAreLetGo();
+    void childrenThatDieWhileTheyAreReleasedAreLetGo();
 
 private:
     // Validates the scene's children, of which all others are at rest.
@@ -212,8 +213,8 @@ void tst_ChildNotesNewcomers::leaversAreNotFollowed()
 
 void tst_ChildNotesNewcomers::childrenThatChangeWhileTheyAreReleasedAreLetGo()
 {
-    auto *first = m_scene->addNoted<ListeningFigure>(QRect(400, 900, 10, 10), 0);
-    auto *second = m_scene->addNoted<ActingFigure>(QRect(500, 900, 10, 10), 1);
+    auto *second = m_scene->addNoted<ActingFigure>(QRect(500, 900, 10, 10), 0);
+    auto *first = m_scene->addNoted<ListeningFigure>(QRect(400, 900, 10, 10), 1);
     int ends = 0;
     first->onDisconnect = [&ends, second] {
         ++ends;
@@ -231,6 +232,22 @@ void tst_ChildNotesNewcomers::childrenThatChangeWhileTheyAreReleasedAreLetGo()
     other.takeNotes();
     QCOMPARE(other.painted(), Rects({here}));
     QCOMPARE(other.found(there), Figures());
+}
+
+void tst_ChildNotesNewcomers::childrenThatDieWhileTheyAreReleasedAreLetGo()
+{
+    auto *first = m_scene->addNoted<ListeningFigure>(QRect(400, 900, 10, 10), 0);
+    auto below = std::make_unique<Figure>();
+    auto above = std::make_unique<Figure>();
+    m_scene->root->add(below.get(), QVariant(), 0);
+    m_scene->root->add(above.get());
+    first->onDisconnect = [&below, &above] {
+        below.reset();
+        above.reset();
+    };
+    delete m_scene->root;
+    QVERIFY(!below && !above);
+    QCOMPARE(m_scene->layout->childFigureCount(), 0);
 }
 
 PICTEL_TEST_MAIN(tst_ChildNotesNewcomers)

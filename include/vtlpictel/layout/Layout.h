@@ -37,7 +37,8 @@ class LayoutChildObserver;
 /// ancestors, removing or constraining an unknown figure: false, and nothing changes.
 ///
 /// Spacing, alignment and expanding directions are plain stores; call the figure's revalidate() after changing them.
-/// Adding at the top, finding and removing a child take constant time on average, whatever the number of children.
+/// Adding at the top or the bottom, finding and removing a child take constant time on average, whatever the number of
+/// children.
 class VTLPICTEL_EXPORT Layout : public QObject
 {
     Q_OBJECT
