@@ -273,7 +273,6 @@ void Figure::setVisible(bool visible)
     if (!visible)
         erase();
     setFlag(FLAG_VISIBLE, visible);
-    tellHolders();
     if (visible)
         repaint();
     revalidate();
@@ -317,6 +316,8 @@ void Figure::setFlag(int mask, bool on)
     const unsigned int changes = (before ^ m_flags) & (FLAG_VALID | FLAG_VISIBLE);
     if (changes != 0)
         tellLayouts(changes == FLAG_VALID && !on ? &Layout::dropRest : &Layout::renote);
+    if ((changes & FLAG_VISIBLE) != 0)
+        tellHolders();
 }
 
 void Figure::highlightClientArea(bool highlighted)

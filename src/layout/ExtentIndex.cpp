@@ -96,17 +96,19 @@ void ExtentIndex::readSlot(int slot) const
     m_contributions.readSlot(slot);
 }
 
-// The child's answer may come from an override that takes children out, this one included, or deletes the layout.
+// The child's answer may come from an override that takes children out, this one included, or deletes the layout. If it
+// has the child asked again, under another constraint, that answer is the one that counts.
 void ExtentIndex::ask(const Question &question, Store store)
 {
     const LifeGuard<Layout> layout(&m_layout);
     const auto [child, slot] = question;
+    childAt(slot).isBeingAsked = true;
     m_layout.recall(child);
     const QVariant constraint = m_layout.getConstraint(child);
     const bool counts = isRectConstraint(constraint) && child->isVisible();
     const QRect asked = counts ? toRect(constraint) : QRect();
     const QRect contribution = counts ? child->resolveBounds(asked) : QRect();
-    if (!layout.isAlive() || childAt(slot).figure != child)
+    if (!layout.isAlive() || !std::exchange(childAt(slot).isBeingAsked, false))
         return;
     (m_contributions.*store)(slot, contribution);
     const bool isUnsteady = counts && (!asked.isValid() || contribution != asked);

@@ -43,6 +43,7 @@ private:
         Figure *figure = nullptr;
         bool isDue = false;
         bool isUnsteady = false;
+        bool isBeingAsked = false;
     };
     struct Question
     {

@@ -65,6 +65,7 @@ public:
     int growth = 0;
     std::function<void()> action;
     std::function<void()> onRemoveNotify;
+    using HintedFigure::setFlag;
 
     QRect resolveBounds(const QRect &bounds) override
     {
@@ -233,6 +234,8 @@ private Q_SLOTS:
     void examiningSurvivesItsLayout();
     void examiningSurvivesItsContainer();
     void answerToAConstraintIsKeptUntilTheConstraintIsSet();
+    void answerGivenWhileTheChildIsAskedCounts();
+    void extentFollowsTheVisibleFlag();
     void childRemovedWhileLeavingTakesNoOtherAlong();
     void childrenWithoutAreaAreRemovedByTheThousand();
     void extentWiderThanTheNumbersHasABoundedSize();
@@ -481,6 +484,31 @@ void tst_FreeformExtent::answerToAConstraintIsKeptUntilTheConstraintIsSet()
     figure.growth = 4;
     m_layout->examineExtent();
     QCOMPARE(m_layout->getFreeformExtent(), QRect(6, 16, 38, 49));
+}
+
+void tst_FreeformExtent::answerGivenWhileTheChildIsAskedCounts()
+{
+    addChild(QRect(0, 0, 10, 10));
+    ChangeableFigure figure;
+    m_container->add(&figure, QRect(10, 20, 30, 40));
+    figure.action = [&] {
+        m_layout->setConstraint(&figure, QRect(50, 60, 70, 80));
+        m_layout->examineExtent();
+    };
+    m_layout->examineExtent();
+    QCOMPARE(m_layout->getFreeformExtent(), QRect(0, 0, 120, 140));
+}
+
+void tst_FreeformExtent::extentFollowsTheVisibleFlag()
+{
+    addChild(QRect(0, 0, 10, 10));
+    ChangeableFigure figure;
+    m_container->add(&figure, QRect(10, 20, 30, 40));
+    m_layout->examineExtent();
+    figure.setFlag(Figure::FLAG_VISIBLE, false);
+    QCOMPARE(m_layout->calculateFreeformExtent(), QRect(0, 0, 10, 10));
+    figure.setFlag(Figure::FLAG_VISIBLE, true);
+    QCOMPARE(m_layout->calculateFreeformExtent(), QRect(0, 0, 40, 60));
 }
 
 void tst_FreeformExtent::childRemovedWhileLeavingTakesNoOtherAlong()
