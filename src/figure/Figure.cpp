@@ -183,12 +183,14 @@ QRect Figure::getBounds()
 
 void Figure::setBounds(const QRect &bounds)
 {
+    const LifeGuard<Figure> self(this);
     const QRect resolved = resolveBounds(bounds);
+    if (!self.isAlive())
+        return;
     const bool moved = resolved.topLeft() != m_bounds.topLeft();
     const bool resized = resolved.size() != m_bounds.size();
     if (!moved && !resized)
         return;
-    const LifeGuard<Figure> self(this);
     if (isVisible())
         erase();
     if (moved && self.isAlive())

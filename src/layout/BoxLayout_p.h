@@ -97,12 +97,13 @@ QSize BoxLayout<Box>::minimumSize()
 template <typename Box>
 bool BoxLayout<Box>::setConstraint(Figure *child, const QVariant &constraint)
 {
+    const LifeGuard<Layout> box(&m_box);
     QVariant raised = constraint;
     if (child && constraint.typeId() == QMetaType::QSize)
         raised = raisedTo(child->getMinimumSize(), constraint.toSize());
     else if (child && constraint.typeId() == QMetaType::QSizeF)
         raised = raisedTo(child->getMinimumSize(), constraint.toSizeF());
-    return m_box.Layout::setConstraint(child, raised);
+    return box.isAlive() && m_box.Layout::setConstraint(child, raised);
 }
 
 template <typename Box>

@@ -51,8 +51,9 @@ template <typename... Arguments>
 bool FreeformLayout::addMonitored(Figure *child, const Arguments &...arguments)
 {
     const LifeGuard<Layout> self(this);
+    const LifeGuard<Figure> guest(child);
     const bool added = XYLayout::add(child, arguments...);
-    if (added && self.isAlive() && m_contentMonitored && holds(child))
+    if (added && self.isAlive() && guest.isAlive() && m_contentMonitored && holds(child))
         examinedMoves().connect(child, this);
     return added;
 }

@@ -62,7 +62,7 @@ bool Layout::add(Figure *child, const QVariant &constraint, int index)
         return false;
     if (!self.isAlive() || !guest.isAlive())
         return true;
-    m_children->setHelper(child, LayoutHelper());
+    provideHelper(child, LayoutHelper());
     setConstraint(child, constraint);
     if (self.isAlive() && guest.isAlive())
         enterTree(child);
@@ -77,7 +77,7 @@ bool Layout::add(Figure *child, unsigned int vStretch, unsigned int hStretch, in
         return false;
     if (!self.isAlive() || !guest.isAlive())
         return true;
-    m_children->setHelper(child, {QVariant(), vStretch, hStretch});
+    provideHelper(child, {QVariant(), vStretch, hStretch});
     const QRect bounds = child->getBounds();
     if (bounds != QRect())
         setConstraint(child, QVariant(bounds));
@@ -99,11 +99,19 @@ bool Layout::insertChild(Figure *child, int index)
     return true;
 }
 
-// Each step calls out, and may be the end of the layout or have the child taken out again.
+// Whoever heard of the new parent may have taken the child out and added it again, with a constraint.
+void Layout::provideHelper(Figure *child, const LayoutHelper &helper)
+{
+    dropConstraint(child);
+    m_children->setHelper(child, helper);
+}
+
+// Each step calls out, and may be the end of the layout or the child, or have it taken out again.
 void Layout::enterTree(Figure *child)
 {
     const LifeGuard<Layout> self(this);
-    const auto isChild = [&] { return self.isAlive() && holds(child); };
+    const LifeGuard<Figure> guest(child);
+    const auto isChild = [&] { return self.isAlive() && guest.isAlive() && holds(child); };
     if (isChild())
         child->revalidate();
     if (isChild() && m_figure && m_figure->getFlag(Figure::FLAG_NOTIFIED))

@@ -43,8 +43,9 @@ Size completedSize(const Size &asked, Figure *child)
 {
     using Length = decltype(asked.width());
     const bool isComplete = asked.width() >= 0 && asked.height() >= 0;
+    const LifeGuard<Figure> guest(child);
     const QSize minimum = child->getMinimumSize();
-    const QSize preferred = isComplete ? QSize() : child->getPreferredSize();
+    const QSize preferred = isComplete || !guest.isAlive() ? QSize() : child->getPreferredSize();
     return Size(completedLength<Length>(asked.width(), minimum.width(), preferred.width()),
                 completedLength<Length>(asked.height(), minimum.height(), preferred.height()));
 }
@@ -145,8 +146,9 @@ template <typename... Arguments>
 bool XYLayout::addWatched(Figure *child, const Arguments &...arguments)
 {
     const LifeGuard<Layout> self(this);
+    const LifeGuard<Figure> guest(child);
     const bool added = Layout::add(child, arguments...);
-    if (added && self.isAlive() && holds(child))
+    if (added && self.isAlive() && guest.isAlive() && holds(child))
         followedMoves().connect(child, this);
     return added;
 }
@@ -160,11 +162,14 @@ bool XYLayout::remove(Figure *child)
     return Layout::remove(child);
 }
 
+// A child that is asked for its size may delete itself or the layout.
 bool XYLayout::setConstraint(Figure *child, const QVariant &constraint)
 {
     if (!child || !isRectConstraint(constraint))
         return Layout::setConstraint(child, constraint);
-    return Layout::setConstraint(child, completed(constraint, child));
+    const LifeGuard<Layout> self(this);
+    const QVariant complete = completed(constraint, child);
+    return self.isAlive() && Layout::setConstraint(child, complete);
 }
 
 QSize XYLayout::calculatePreferredSize()

@@ -15,6 +15,17 @@ namespace {
 
 const char *const stillInvalid = "Figure::resolveBounds(): resolved bounds still invalid";
 
+class DyingFigure : public Figure
+{
+public:
+    QRect resolveBounds(const QRect &bounds) override
+    {
+        const QRect resolved = bounds;
+        delete this;
+        return resolved;
+    }
+};
+
 } // namespace
 
 class tst_FigureBounds : public PictelTest
@@ -36,6 +47,7 @@ private Q_SLOTS:
     void unresolvableBoundsAreStoredAllTheSame();
     void moveWrapsAroundAtTheEnds();
     void figureDeletedByItsMoveSignal();
+    void figureDeletedWhenItResolvesItsBounds();
 
     void translateWithoutLayoutOnlyAnnounces();
     void translateWithRelativeLayoutOnlyAnnounces();
@@ -212,6 +224,13 @@ void tst_FigureBounds::figureDeletedByItsMoveSignal()
 {
     const QPointer<Figure> figure = new Figure;
     connect(figure, &Figure::figureMoved, this, [](Figure *moved) { delete moved; });
+    figure->setBounds(QRect(1, 1, 1, 1));
+    QVERIFY(figure.isNull());
+}
+
+void tst_FigureBounds::figureDeletedWhenItResolvesItsBounds()
+{
+    const QPointer<Figure> figure = new DyingFigure;
     figure->setBounds(QRect(1, 1, 1, 1));
     QVERIFY(figure.isNull());
 }

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 
 using namespace Vantrel::Pictel;
@@ -34,6 +35,7 @@ public:
     Action onAddNotify;
     Action onRemoveNotify;
     Action onErase;
+    Action onMeasure;
     int addNotifications = 0;
     int removeNotifications = 0;
 
@@ -61,6 +63,12 @@ public:
     {
         FreeformProbe::erase();
         run(onErase);
+    }
+    QSize getMinimumSize() override
+    {
+        const QSize size = FreeformProbe::getMinimumSize();
+        run(onMeasure);
+        return size;
     }
 };
 
@@ -103,6 +111,10 @@ private Q_SLOTS:
     void layoutDeletedWhenTheChildIsRevalidatedIsSurvived();
     void listenerMayDeleteTheChildThatIsAdded();
     void listenerMayDeleteTheLayoutThatIsAddedTo();
+    void layoutDeletedWhenTheChildIsMeasuredIsSurvived();
+    void childDeletedWhenMeasuredIsLetGo();
+    void figureAtTheAddressOfADeletedChildIsAddedOnce();
+    void constraintOfAChildAddedAgainMeanwhileIsReleased();
 
     void leavingChildCannotBeRemovedAgain_data();
     void leavingChildCannotBeRemovedAgain();
@@ -201,6 +213,62 @@ void tst_LayoutReentrance::listenerMayDeleteTheLayoutThatIsAddedTo()
     m_container->add(m_child.get(), 1U, 1U, -1);
     QCOMPARE(m_container->getLayoutManager(), nullptr);
     QCOMPARE(m_child->addNotifications, 0);
+}
+
+void tst_LayoutReentrance::layoutDeletedWhenTheChildIsMeasuredIsSurvived()
+{
+    addChild();
+    m_container->add(m_child.get(), place());
+    m_child->onMeasure = [this] { delete m_layout; };
+    const QVariant other = qobject_cast<XYLayout *>(m_layout) ? QVariant(QRect(1, 2, 3, 4)) : QVariant(QSize(3, 4));
+    m_layout->setConstraint(m_child.get(), other);
+    QCOMPARE(m_child->getMinimumSize(), QSize(0, 0));
+    QCOMPARE(m_container->getLayoutManager(), nullptr);
+}
+
+void tst_LayoutReentrance::childDeletedWhenMeasuredIsLetGo()
+{
+    m_child->onMeasure = [this] { m_child.reset(); };
+    const QVariant unsized = qobject_cast<XYLayout *>(m_layout) ? QVariant(QRect(1, 2, -1, 4)) : QVariant(QSize(3, 4));
+    m_container->add(m_child.get(), unsized);
+    if (m_child)
+        m_child->getMinimumSize();
+    QCOMPARE(m_child.get(), nullptr);
+    QCOMPARE(children(), Figures());
+}
+
+void tst_LayoutReentrance::figureAtTheAddressOfADeletedChildIsAddedOnce()
+{
+    std::optional<InterferingFigure> place(std::in_place);
+    InterferingListener listener;
+    m_layout->addListener(&listener);
+    listener.onInvalidate = [&] {
+        place.emplace(QRect(0, 0, 10, 10));
+        QVERIFY(m_container->add(&*place));
+        QVERIFY(m_container->getFlag(Figure::FLAG_NOTIFIED));
+    };
+    QVERIFY(m_container->add(&*place));
+    QCOMPARE(children(), Figures({&*place}));
+    QCOMPARE(place->addNotifications, 1);
+    QVERIFY(m_container->remove(&*place));
+    QVERIFY(!disconnect(&*place, &Figure::figureMoved, m_layout, nullptr));
+}
+
+void tst_LayoutReentrance::constraintOfAChildAddedAgainMeanwhileIsReleased()
+{
+    m_container->removeNotify();
+    QPointer<QObject> first = new QObject;
+    QObject last(this);
+    Action addAgain = [&] {
+        m_container->remove(m_child.get());
+        m_container->add(m_child.get(), QVariant::fromValue(first.data()));
+    };
+    connect(m_child.get(), &Figure::propertyChanged, this, [&] { run(addAgain); });
+    m_container->add(m_child.get(), QVariant::fromValue(&last));
+    QCOMPARE(children(), Figures({m_child.get()}));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!first);
+    QCOMPARE(m_layout->getConstraint(m_child.get()), QVariant::fromValue(&last));
 }
 
 void tst_LayoutReentrance::leavingChildCannotBeRemovedAgain_data()

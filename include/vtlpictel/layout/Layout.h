@@ -171,6 +171,7 @@ private:
     static bool isFulfilled(const QVariant &constraint, const Figure &child);
     ChildNote noteOn(Figure *child) const;
     bool insertChild(Figure *child, int index);
+    void provideHelper(Figure *child, const LayoutHelper &helper);
     void enterTree(Figure *child);
     bool storeConstraint(Figure *child, const QVariant &constraint);
     void tellListenersOfConstraint(const QVariant &constraint);
