@@ -39,12 +39,18 @@ void Layout::visitChildren(Glance glance, const Visit &visit) const
 
 void Layout::forEachChild(const std::function<void(Figure *)> &visit) const
 {
-    visitChildren(FullGlance(), visit);
+    visitChildren(FullGlance(), [this, &visit](Figure *child) {
+        recall(child);
+        visit(child);
+    });
 }
 
 void Layout::forEachRestlessChild(const std::function<void(Figure *)> &visit) const
 {
-    visitChildren(RestGlance(), visit);
+    visitChildren(RestGlance(), [this, &visit](Figure *child) {
+        recall(child);
+        visit(child);
+    });
 }
 
 void Layout::findDescendantFigures(QList<Figure *> &result, const QRect &area, const ITreeSearch &search,
@@ -106,7 +112,7 @@ unsigned int Layout::getVTotalStretch() const
 unsigned int Layout::totalStretch(quint32 LayoutHelper::*stretch) const
 {
     unsigned int total = 0;
-    visitChildren(FullGlance(), [&](Figure *child) {
+    forEachChild([&](Figure *child) {
         const LayoutHelper *helper = child->isVisible() ? getHelper(child) : nullptr;
         total += helper ? helper->*stretch : 0;
     });

@@ -194,10 +194,8 @@ QSize XYLayout::calculateMinimumSize()
 bool XYLayout::performLayout(const QRect &)
 {
     const auto place = [this](Figure *child) {
-        if (!child->isVisible())
-            return;
-        recall(child);
-        applyConstraint(child, getConstraint(child));
+        if (child->isVisible())
+            applyConstraint(child, getConstraint(child));
     };
     if (isOfThisLibrary(*this))
         forEachRestlessChild(place);

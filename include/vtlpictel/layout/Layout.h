@@ -151,8 +151,8 @@ protected:
     static bool isMoveHeard(const Figure &child);
     /// True when \a child is one of the children: a test in constant time that does not touch the figure.
     bool holds(const Figure *child) const;
-    /// Calls \a visit for every child, bottom to top. Children that leave or die meanwhile are skipped, and the walk
-    /// ends when the layout itself dies.
+    /// Calls \a visit for every child, bottom to top, each recalled. Children that leave or die meanwhile are skipped,
+    /// and the walk ends when the layout itself dies.
     void forEachChild(const std::function<void(Figure *)> &visit) const;
     /// As forEachChild(), but may leave out children that are known to be valid and where their constraint wants them.
     void forEachRestlessChild(const std::function<void(Figure *)> &visit) const;
