@@ -82,3 +82,10 @@ bool BoxLayoutTest::performLayout(const QRect &area)
         return static_cast<OpenBox<VBoxLayout> *>(m_layout)->performLayout(along(area));
     return static_cast<OpenBox<HBoxLayout> *>(m_layout)->performLayout(area);
 }
+
+bool BoxLayoutTest::applyConstraint(Figure *child, const QVariant &constraint)
+{
+    if (isVertical())
+        return static_cast<OpenBox<VBoxLayout> *>(m_layout)->applyConstraint(child, constraint);
+    return static_cast<OpenBox<HBoxLayout> *>(m_layout)->applyConstraint(child, constraint);
+}

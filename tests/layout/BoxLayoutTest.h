@@ -51,6 +51,7 @@ protected:
     void addChildren(const Guests &guests);
     Rects boundsInRow() const;
     bool performLayout(const QRect &area);
+    bool applyConstraint(Vantrel::Pictel::Figure *child, const QVariant &constraint);
 
     std::unique_ptr<Vantrel::Pictel::Figure> m_container;
     Vantrel::Pictel::Layout *m_layout = nullptr;

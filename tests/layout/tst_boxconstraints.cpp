@@ -47,6 +47,7 @@ private Q_SLOTS:
     void sizeConstraintResizesTheChildInPlace();
     void sizeConstraintThatFitsChangesNothing();
     void otherConstraintsGoToTheBase();
+    void applyConstraintAnswers();
     void nullOrUnknownChildIsRefused();
     void resizedChildMayDieAtOnce();
 };
@@ -129,6 +130,17 @@ void tst_BoxConstraints::otherConstraintsGoToTheBase()
     QCOMPARE(child.getBounds(), QRect(1, 2, 3, 4));
     QVERIFY(m_layout->setConstraint(&child, QVariant()));
     QCOMPARE(child.validations, 0);
+}
+
+void tst_BoxConstraints::applyConstraintAnswers()
+{
+    HintedFigure child(QSize(20, 20));
+    QVERIFY(applyConstraint(&child, QSize(30, 40)));
+    QCOMPARE(child.getBounds(), QRect(0, 0, 30, 40));
+    QVERIFY(applyConstraint(&child, QSize(30, 40)));
+    QVERIFY(applyConstraint(&child, QStringLiteral("west")));
+    QVERIFY(!applyConstraint(&child, QVariant()));
+    QVERIFY(!applyConstraint(nullptr, QSize(30, 40)));
 }
 
 void tst_BoxConstraints::nullOrUnknownChildIsRefused()
