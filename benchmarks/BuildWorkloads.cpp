@@ -1,5 +1,6 @@
 // Coming and going: W1 build, W9 remove, W10 heap.
 
+#include "BareObjects.h"
 #include "HeapMeter.h"
 #include "Workload.h"
 
@@ -92,12 +93,35 @@ void removeHalf(benchmark::State &state, Contestant contestant, int count)
     }
 }
 
+// Not a contest but a limit.
+void removeBareHalf(benchmark::State &state, Contestant, int count)
+{
+    const std::vector<int> indices = half(count);
+    for (auto _ : state) {
+        BareObjects objects(count);
+        timed(state, [&] { objects.remove(indices); });
+    }
+}
+
+Objection proveNothing(int)
+{
+    return {};
+}
+
 } // namespace
 
 std::vector<Workload> buildWorkloads(const Sizes &sizes)
 {
     return {
         {"W9 remove half", benchmark::kMillisecond, sizes.usual, everybody, proveRemoved, removeHalf, true, true},
+        {"W9 remove bare objects",
+         benchmark::kMillisecond,
+         sizes.usual,
+         {Contestant::Painter},
+         proveNothing,
+         removeBareHalf,
+         true,
+         true},
         {"W1 build", benchmark::kMillisecond, sizes.extended, everybody, proveBuilt, build, true, true},
         {"W10 heap per figure", benchmark::kMillisecond, sizes.usual, searchers, proveBuilt, measureHeap, true, true},
     };
