@@ -2,18 +2,22 @@
 
 #include <vtlpictel/figure/Figure.h>
 
+#include <algorithm>
+
 namespace Bench {
 
 namespace {
 
-struct BareObject final : QObject
-{
-    char rest[sizeof(Vantrel::Pictel::Figure) - sizeof(QObject)] = {};
-};
-
 // By signature, as the layouts connect their figures; the signal is never emitted.
 constexpr const char *signal = SIGNAL(objectNameChanged(QString));
 constexpr const char *slot = SLOT(deleteLater());
+
+struct BareObject final : QObject
+{
+    bool isConnected() const { return receivers(signal) == 1; }
+
+    char rest[sizeof(Vantrel::Pictel::Figure) - sizeof(QObject)] = {};
+};
 
 } // namespace
 
@@ -33,6 +37,13 @@ void BareObjects::remove(const std::vector<int> &indices)
         QObject::disconnect(object.get(), signal, &m_receiver, slot);
         object.reset();
     }
+}
+
+int BareObjects::connectedCount() const
+{
+    return int(std::count_if(m_objects.cbegin(), m_objects.cend(), [](const std::unique_ptr<QObject> &object) {
+        return object && static_cast<const BareObject &>(*object).isConnected();
+    }));
 }
 
 } // namespace Bench

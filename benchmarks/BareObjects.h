@@ -14,6 +14,8 @@ class BareObjects
 public:
     explicit BareObjects(int count);
     void remove(const std::vector<int> &indices);
+    /// How many are left and still connected.
+    int connectedCount() const;
 
 private:
     QObject m_receiver;

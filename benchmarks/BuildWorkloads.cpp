@@ -103,9 +103,13 @@ void removeBareHalf(benchmark::State &state, Contestant, int count)
     }
 }
 
-Objection proveNothing(int)
+Objection proveBareRemoved(int count)
 {
-    return {};
+    const std::vector<int> indices = half(count);
+    BareObjects objects(count);
+    objects.remove(indices);
+    const int left = objects.connectedCount();
+    return left == count - int(indices.size()) ? Objection() : QStringLiteral("%1 are left").arg(left);
 }
 
 } // namespace
@@ -118,7 +122,7 @@ std::vector<Workload> buildWorkloads(const Sizes &sizes)
          benchmark::kMillisecond,
          sizes.usual,
          {Contestant::Painter},
-         proveNothing,
+         proveBareRemoved,
          removeBareHalf,
          true,
          true},
