@@ -1,7 +1,13 @@
 #include <vtlpictel/connections/AbstractConnectionAnchor.h>
 
+#include <vtlpictel/connections/IAnchorListener.h>
+#include <vtlpictel/figure/InterfacePointer.h>
+
+#include "support/LifeGuard.h"
 #include "support/RectExtents.h"
 #include "support/Rounding.h"
+
+#include <utility>
 
 namespace Vantrel::Pictel {
 
@@ -24,8 +30,11 @@ void AbstractConnectionAnchor::addAnchorListener(IAnchorListener *listener)
 {
     if (!listener)
         return;
+    const LifeGuard<IConnectionAnchor> self(this);
+    const InterfacePointer<IAnchorListener> guest(listener);
     startListening();
-    ConnectionAnchorBase::addAnchorListener(listener);
+    if (self.isAlive() && guest)
+        ConnectionAnchorBase::addAnchorListener(listener);
 }
 
 Figure *AbstractConnectionAnchor::getOwner() const
@@ -35,24 +44,32 @@ Figure *AbstractConnectionAnchor::getOwner() const
 
 QPoint AbstractConnectionAnchor::getReferencePoint() const
 {
-    if (!m_owner)
+    Figure *owner = m_owner;
+    if (!owner)
         return {};
-    QPoint center = roundedPoint(toRectF(m_owner->getBounds()).center());
-    return m_owner->translateToAbsolute(center);
+    const LifeGuard<Figure> ownerLife(owner);
+    QPoint center = roundedPoint(toRectF(owner->getBounds()).center());
+    return ownerLife.isAlive() ? owner->translateToAbsolute(center) : center;
 }
 
 void AbstractConnectionAnchor::removeAnchorListener(IAnchorListener *listener)
 {
     if (!listener)
         return;
+    const LifeGuard<IConnectionAnchor> self(this);
     ConnectionAnchorBase::removeAnchorListener(listener);
-    stopListening();
+    if (self.isAlive())
+        stopListening();
 }
 
 void AbstractConnectionAnchor::setOwner(Figure *owner)
 {
+    const LifeGuard<IConnectionAnchor> self(this);
+    const QPointer<Figure> next(owner);
     stopListening();
-    m_owner = owner;
+    if (!self.isAlive())
+        return;
+    m_owner = next;
     startListening();
 }
 
@@ -65,20 +82,18 @@ void AbstractConnectionAnchor::ancestorMoved(Figure *)
 
 void AbstractConnectionAnchor::ancestorRemoved(Figure *) { }
 
+// The owner may delete the anchor: the note comes before the call.
 void AbstractConnectionAnchor::startListening()
 {
-    if (m_listening || !m_owner)
-        return;
-    m_owner->addAncestorListener(this);
-    m_listening = true;
+    if (m_owner && !std::exchange(m_listening, true))
+        m_owner->addAncestorListener(this);
 }
 
 // An owner that was deleted has taken the registration along.
 void AbstractConnectionAnchor::stopListening()
 {
-    if (m_listening && m_owner)
+    if (std::exchange(m_listening, false) && m_owner)
         m_owner->removeAncestorListener(this);
-    m_listening = false;
 }
 
 } // namespace Vantrel::Pictel

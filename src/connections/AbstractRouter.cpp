@@ -3,6 +3,8 @@
 #include <vtlpictel/connections/IConnectionAnchor.h>
 #include <vtlpictel/figure/IConnection.h>
 
+#include "support/LifeGuard.h"
+
 #include <QMessageLogger>
 
 namespace Vantrel::Pictel {
@@ -11,7 +13,11 @@ namespace {
 
 QPoint locationTowards(const IConnectionAnchor *other, const IConnectionAnchor *own)
 {
-    return own && other ? own->getLocation(other->getReferencePoint()) : QPoint();
+    if (!own || !other)
+        return {};
+    const LifeGuard<IConnectionAnchor> ownLife(own);
+    const QPoint reference = other->getReferencePoint();
+    return ownLife.isAlive() ? own->getLocation(reference) : QPoint();
 }
 
 template <typename Point>
@@ -60,8 +66,9 @@ void AbstractRouter::route(IConnection *connection)
 {
     if (!connection)
         return;
+    const LifeGuard<IConnection> life(connection);
     const QList<QPoint> points = doRoute(connection);
-    if (isRoute(points))
+    if (life.isAlive() && isRoute(points))
         connection->setPoints(points);
 }
 
@@ -69,8 +76,9 @@ void AbstractRouter::routeF(IConnection *connection)
 {
     if (!connection)
         return;
+    const LifeGuard<IConnection> life(connection);
     const QList<QPointF> points = doRouteF(connection);
-    if (isRoute(points))
+    if (life.isAlive() && isRoute(points))
         connection->setPointsF(points);
 }
 

@@ -6,6 +6,9 @@
 
 #include "connections/ConnectionWatch_p.h"
 #include "connections/PointConversion_p.h"
+#include "connections/RouteLives_p.h"
+
+#include <utility>
 
 namespace Vantrel::Pictel {
 
@@ -14,8 +17,9 @@ namespace {
 // The end of the connection at anchor, as seen from aim (absolute), in the connection's coordinates.
 QPoint endTowards(const QPoint &aim, const IConnectionAnchor *anchor, IConnection *connection)
 {
+    const LifeGuard<IConnection> life(connection);
     QPoint end = anchor->getLocation(aim);
-    return connection->translateToRelative(end);
+    return life.isAlive() ? connection->translateToRelative(end) : end;
 }
 
 } // namespace
@@ -48,7 +52,8 @@ QVariant BendpointConnectionRouter::getConstraint(IConnection *connection)
 
 void BendpointConnectionRouter::remove(IConnection *connection)
 {
-    disconnect(m_constraints.take(connection).watch);
+    const Entry entry = m_constraints.take(connection);
+    disconnect(entry.watch);
 }
 
 QList<QPoint> BendpointConnectionRouter::doRoute(IConnection *connection)
@@ -58,16 +63,25 @@ QList<QPoint> BendpointConnectionRouter::doRoute(IConnection *connection)
     if (!source || !target)
         return {};
 
-    const QList<QVariant> bendpoints = getBendpointList(connection);
-    const bool isStraight = bendpoints.isEmpty();
-    const QPoint sourceAim = isStraight ? target->getReferencePoint() : aimAt(bendpoints.first(), connection);
-    const QPoint targetAim = isStraight ? source->getReferencePoint() : aimAt(bendpoints.last(), connection);
+    // Whoever is asked may delete what is asked next; then there is no route.
+    const RouteLives lives(this, connection);
+    const LifeGuard<IConnectionAnchor> sourceLife(source);
+    const LifeGuard<IConnectionAnchor> targetLife(target);
+    const auto isRoutable = [&] { return lives.areAlive() && sourceLife.isAlive() && targetLife.isAlive(); };
+    const auto ask = [&](auto question) { return isRoutable() ? question() : QPoint(); };
 
-    QList<QPoint> points {endTowards(sourceAim, source, connection)};
+    const QList<QVariant> bendpoints = getBendpointList(connection);
+    const auto aim = [&](const IConnectionAnchor *other, qsizetype index) {
+        return bendpoints.isEmpty() ? other->getReferencePoint() : aimAt(bendpoints.at(index), connection);
+    };
+    const QPoint sourceAim = ask([&] { return aim(target, 0); });
+    const QPoint targetAim = ask([&] { return aim(source, bendpoints.size() - 1); });
+
+    QList<QPoint> points {ask([&] { return endTowards(sourceAim, source, connection); })};
     for (const QVariant &bendpoint : bendpoints)
-        points.append(getBendpointLocation(bendpoint));
-    points.append(endTowards(targetAim, target, connection));
-    return points;
+        points.append(ask([&] { return getBendpointLocation(bendpoint); }));
+    points.append(ask([&] { return endTowards(targetAim, target, connection); }));
+    return isRoutable() ? points : QList<QPoint>();
 }
 
 QList<QPointF> BendpointConnectionRouter::doRouteF(IConnection *connection)
@@ -80,15 +94,15 @@ void BendpointConnectionRouter::setConstraint(IConnection *connection, const QVa
     if (!connection)
         return;
     if (!constraint.isValid())
-        remove(connection);
-    else
-        entryOf(connection).constraint = constraint;
+        return remove(connection);
+    // The old constraint goes when the entry is complete: it may own what calls this router as it ends.
+    const QVariant old = std::exchange(entryOf(connection).constraint, constraint);
 }
 
 BendpointConnectionRouter::Entry &BendpointConnectionRouter::entryOf(IConnection *connection)
 {
     if (!m_constraints.contains(connection)) {
-        const auto forget = [this, connection] { m_constraints.remove(connection); };
+        const auto forget = [this, connection] { m_constraints.take(connection); };
         m_constraints[connection].watch = watchConnection(connection, this, forget);
     }
     return m_constraints[connection];
@@ -97,8 +111,9 @@ BendpointConnectionRouter::Entry &BendpointConnectionRouter::entryOf(IConnection
 // The place of the bendpoint for the anchors, which answer in absolute coordinates.
 QPoint BendpointConnectionRouter::aimAt(const QVariant &bendpoint, IConnection *connection) const
 {
+    const LifeGuard<IConnection> life(connection);
     QPoint location = getBendpointLocation(bendpoint);
-    return connection->translateToAbsolute(location);
+    return life.isAlive() ? connection->translateToAbsolute(location) : location;
 }
 
 } // namespace Vantrel::Pictel

@@ -1,5 +1,6 @@
 #include <vtlpictel/connections/ChopboxAnchor.h>
 
+#include "support/LifeGuard.h"
 #include "support/RectExtents.h"
 #include "support/Rounding.h"
 #include "support/WrappingArithmetic.h"
@@ -86,8 +87,9 @@ QPoint ChopboxAnchor::getReferencePoint() const
         QMessageLogger().warning("ChopboxAnchor::getReferencePoint(): no owner present");
         return {};
     }
+    const LifeGuard<Figure> ownerLife(owner);
     QPoint center = box().center();
-    return owner->translateToAbsolute(center);
+    return ownerLife.isAlive() ? owner->translateToAbsolute(center) : center;
 }
 
 bool ChopboxAnchor::operator==(const ChopboxAnchor &other) const
@@ -104,9 +106,11 @@ QRect ChopboxAnchor::box() const
 // The pixel at the top and left makes up for the edge that a rectangle of pixels has at its right and bottom only.
 QRect ChopboxAnchor::absoluteChopBox() const
 {
+    Figure *owner = getOwner();
+    const LifeGuard<Figure> ownerLife(owner);
     QRect chopBox = box();
     chopBox.setTopLeft({wrappingSubtract(chopBox.left(), 1), wrappingSubtract(chopBox.top(), 1)});
-    return getOwner()->translateToAbsolute(chopBox);
+    return owner && ownerLife.isAlive() ? owner->translateToAbsolute(chopBox) : chopBox;
 }
 
 } // namespace Vantrel::Pictel

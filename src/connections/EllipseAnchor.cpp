@@ -1,5 +1,6 @@
 #include <vtlpictel/connections/EllipseAnchor.h>
 
+#include "support/LifeGuard.h"
 #include "support/RectExtents.h"
 #include "support/Rounding.h"
 
@@ -58,8 +59,11 @@ QPoint EllipseAnchor::getLocation(const QPoint &reference) const
         QMessageLogger().warning("EllipseAnchor::getLocation(): no owner present");
         return {};
     }
+    const LifeGuard<Figure> ownerLife(owner);
     QRectF area = toRectF(owner->getBounds());
-    return ellipseEdge(owner->translateToAbsolute(area), reference);
+    if (ownerLife.isAlive())
+        owner->translateToAbsolute(area);
+    return ellipseEdge(area, reference);
 }
 
 } // namespace Vantrel::Pictel

@@ -1,7 +1,12 @@
 #include <vtlpictel/connections/IBendpoint.h>
 
+#include "support/LifeGuard.h"
+
 namespace Vantrel::Pictel {
 
-IBendpoint::~IBendpoint() = default;
+IBendpoint::~IBendpoint()
+{
+    LifeGuard<IBendpoint>::release(this);
+}
 
 } // namespace Vantrel::Pictel

@@ -1,7 +1,12 @@
 #include <vtlpictel/connections/IConnectionAnchor.h>
 
+#include "support/LifeGuard.h"
+
 namespace Vantrel::Pictel {
 
-IConnectionAnchor::~IConnectionAnchor() = default;
+IConnectionAnchor::~IConnectionAnchor()
+{
+    LifeGuard<IConnectionAnchor>::release(this);
+}
 
 } // namespace Vantrel::Pictel

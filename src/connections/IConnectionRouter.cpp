@@ -1,7 +1,12 @@
 #include <vtlpictel/connections/IConnectionRouter.h>
 
+#include "support/LifeGuard.h"
+
 namespace Vantrel::Pictel {
 
-IConnectionRouter::~IConnectionRouter() = default;
+IConnectionRouter::~IConnectionRouter()
+{
+    LifeGuard<IConnectionRouter>::release(this);
+}
 
 } // namespace Vantrel::Pictel

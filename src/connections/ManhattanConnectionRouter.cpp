@@ -7,6 +7,7 @@
 #include "connections/ConnectionWatch_p.h"
 #include "connections/LineSet_p.h"
 #include "connections/PointConversion_p.h"
+#include "connections/RouteLives_p.h"
 #include "connections/SegmentPlan_p.h"
 #include "support/WrappingArithmetic.h"
 
@@ -181,13 +182,19 @@ Ray ManhattanConnectionRouter::getDirection(const QRect &box, const QPoint &poin
 
 Ray ManhattanConnectionRouter::getEndDirection(IConnection *connection)
 {
+    const RouteLives lives(this, connection);
     const QPoint end = getEndPoint(connection);
+    if (!lives.areAlive())
+        return Ray();
     return directionOut(connection ? connection->getTargetAnchor() : nullptr, end);
 }
 
 Ray ManhattanConnectionRouter::getStartDirection(IConnection *connection)
 {
+    const RouteLives lives(this, connection);
     const QPoint start = getStartPoint(connection);
+    if (!lives.areAlive())
+        return Ray();
     return directionOut(connection ? connection->getSourceAnchor() : nullptr, start);
 }
 
@@ -215,12 +222,17 @@ QList<QPoint> ManhattanConnectionRouter::doRoute(IConnection *connection)
 {
     if (!connection || !connection->getSourceAnchor() || !connection->getTargetAnchor())
         return {};
+    const RouteLives lives(this, connection);
     QPoint start = getStartPoint(connection);
-    QPoint end = getEndPoint(connection);
-    connection->translateToRelative(start);
-    connection->translateToRelative(end);
-    const Ray startNormal = getStartDirection(connection);
-    const Ray endNormal = getEndDirection(connection);
+    QPoint end = lives.areAlive() ? getEndPoint(connection) : QPoint();
+    if (lives.areAlive())
+        connection->translateToRelative(start);
+    if (lives.areAlive())
+        connection->translateToRelative(end);
+    const Ray startNormal = lives.areAlive() ? getStartDirection(connection) : Ray();
+    const Ray endNormal = lives.areAlive() ? getEndDirection(connection) : Ray();
+    if (!lives.areAlive())
+        return {};
 
     const RouteEnd from {Ray(start), startNormal};
     const RouteEnd to {Ray(end), endNormal};
@@ -266,6 +278,7 @@ void ManhattanConnectionRouter::removeReservedLines(IConnection *connection)
 QList<QPoint> ManhattanConnectionRouter::processPositions(const Ray &start, const Ray &end, const QList<int> &positions,
                                                           bool horizontal, IConnection *connection)
 {
+    const RouteLives lives(this, connection);
     removeReservedLines(connection);
     const bool endsAtColumn = horizontal == (positions.size() % 2 == 1);
     QList<int> lines {horizontal ? start.x() : start.y()};
@@ -279,6 +292,8 @@ QList<QPoint> ManhattanConnectionRouter::processPositions(const Ray &start, cons
         if (i != last)
             lines[i] = horizontal ? getRowNear(connection, lines[i], lines[i - 2], lines[i + 2])
                                   : getColumnNear(connection, lines[i], lines[i - 2], lines[i + 2]);
+        if (!lives.areAlive())
+            return {};
         points.append(horizontal ? QPoint(lines[i - 1], lines[i]) : QPoint(lines[i], lines[i - 1]));
     }
     if (const QPoint endPoint(end.x(), end.y()); points.last() != endPoint)
@@ -304,10 +319,13 @@ int ManhattanConnectionRouter::getLineNear(IConnection *connection, int line, in
     if (proposed <= 0)
         return proposed;
     const SearchBounds bounds = boundsOfSearch(line, before, after);
-    const auto isUsable = [&](int candidate) { return (this->*kind.usable)(connection, candidate); };
+    // A subclass that is asked may delete the router or the connection.
+    const RouteLives lives(this, connection);
+    const auto isUsable
+        = [&](int candidate) { return lives.areAlive() && (this->*kind.usable)(connection, candidate); };
     const FoundLine found = asksSubclass() ? searchEachLine(proposed, bounds, isUsable)
                                            : searchRuns(proposed, bounds, (*m_used).*kind.used);
-    if (found.isFree)
+    if (found.isFree && lives.areAlive())
         reserve(connection, found.line, kind);
     return found.line;
 }
@@ -344,11 +362,15 @@ bool ManhattanConnectionRouter::isReservedBy(IConnection *connection, int line, 
 // An anchor on no figure gets the box of two by two pixels whose lower right corner is the point.
 Ray ManhattanConnectionRouter::directionOut(const IConnectionAnchor *anchor, const QPoint &point)
 {
+    const LifeGuard<IConnectionRouter> self(this);
     Figure *owner = anchor ? anchor->getOwner() : nullptr;
     if (!owner)
         return getDirection({{wrappingSubtract(point.x(), 1), wrappingSubtract(point.y(), 1)}, point}, point, false);
+    const LifeGuard<Figure> ownerLife(owner);
     QRect box = owner->getBounds();
-    return getDirection(owner->translateToAbsolute(box), point, false);
+    if (ownerLife.isAlive())
+        owner->translateToAbsolute(box);
+    return self.isAlive() ? getDirection(box, point, false) : Ray();
 }
 
 } // namespace Vantrel::Pictel

@@ -3,6 +3,7 @@
 #include <vtlpictel/figure/IConnection.h>
 
 #include "connections/PointConversion_p.h"
+#include "connections/RouteLives_p.h"
 
 namespace Vantrel::Pictel {
 
@@ -23,9 +24,13 @@ QList<QPoint> NullRouter::doRoute(IConnection *connection)
 {
     if (!connection)
         return {};
+    const RouteLives lives(this, connection);
     QPoint start = getStartPoint(connection);
-    connection->translateToRelative(start);
-    QPoint end = getEndPoint(connection);
+    if (lives.areAlive())
+        connection->translateToRelative(start);
+    QPoint end = lives.areAlive() ? getEndPoint(connection) : QPoint();
+    if (!lives.areAlive())
+        return {};
     connection->translateToRelative(end);
     return {start, end};
 }

@@ -3,6 +3,7 @@
 #include <vtlpictel/connections/IConnectionAnchor.h>
 #include <vtlpictel/figure/IConnection.h>
 
+#include "support/LifeGuard.h"
 #include "support/Rounding.h"
 #include "support/WrappingArithmetic.h"
 
@@ -49,10 +50,19 @@ RelativeBendpoint::~RelativeBendpoint() = default;
 QPoint RelativeBendpoint::getLocation() const
 {
     IConnection *connection = getConnection();
-    if (!connection || !connection->getSourceAnchor() || !connection->getTargetAnchor())
+    const IConnectionAnchor *source = connection ? connection->getSourceAnchor() : nullptr;
+    const IConnectionAnchor *target = connection ? connection->getTargetAnchor() : nullptr;
+    if (!source || !target)
         return {};
-    QPoint location = mixedLocation(connection->getSourceAnchor()->getReferencePoint(),
-                                    connection->getTargetAnchor()->getReferencePoint());
+    // The source that is asked may delete the other two or the bendpoint, and the target the connection.
+    const LifeGuard<IBendpoint> self(this);
+    const LifeGuard<IConnection> life(connection);
+    const LifeGuard<IConnectionAnchor> targetLife(target);
+    const QPoint sourceReference = source->getReferencePoint();
+    const QPoint targetReference = targetLife.isAlive() ? target->getReferencePoint() : QPoint();
+    if (!self.isAlive() || !life.isAlive())
+        return {};
+    QPoint location = mixedLocation(sourceReference, targetReference);
     return connection->translateToRelative(location);
 }
 
