@@ -85,8 +85,10 @@ void Connection::setPointsF(const QList<QPointF> &points)
 
 void Connection::setRoutingConstraint(const QVariant &constraint)
 {
+    const LifeGuard<Figure> self(this);
     m_state->router()->setConstraint(this, constraint);
-    revalidate();
+    if (self.isAlive())
+        revalidate();
 }
 
 void Connection::setSourceAnchor(IConnectionAnchor *anchor)
@@ -106,14 +108,18 @@ QRect Connection::getBounds()
 
 void Connection::addNotify()
 {
+    const LifeGuard<Figure> self(this);
     Shape::addNotify();
-    m_state->hook();
+    if (self.isAlive())
+        m_state->hook();
 }
 
 void Connection::removeNotify()
 {
+    const LifeGuard<Figure> self(this);
     m_state->leave();
-    Shape::removeNotify();
+    if (self.isAlive())
+        Shape::removeNotify();
 }
 
 void Connection::anchorMoved(IConnectionAnchor *)
@@ -125,7 +131,8 @@ void Connection::revalidate()
 {
     const LifeGuard<Figure> self(this);
     m_state->markDirty();
-    Figure::revalidate();
+    if (self.isAlive())
+        Figure::revalidate();
     if (self.isAlive())
         m_state->router()->invalidate(this);
 }

@@ -14,6 +14,7 @@
 #include <QMessageLogger>
 
 #include <memory>
+#include <utility>
 
 namespace Vantrel::Pictel {
 
@@ -32,6 +33,15 @@ QVariant routerValue(IConnectionRouter *router)
 bool isConstraint(const QObject *object, const Layout *layout, Figure *child)
 {
     return layout && layout->getConstraint(child).value<QObject *>() == object;
+}
+
+void addDirtyRegion(const QPointer<UpdateManager> &manager, Figure *parent, QRect area)
+{
+    const LifeGuard<Figure> keeper(parent);
+    if (parent)
+        parent->translateToParent(area);
+    if (manager && keeper.isAlive())
+        manager->addDirtyRegion(parent, area);
 }
 
 void updateView(UpdateManager *manager)
@@ -53,44 +63,56 @@ ConnectionState::ConnectionState(Figure *figure, IConnection *connection, IAncho
     , m_router(NullRouter::instance())
 { }
 
+// An anchor that loses its listener may delete any of the three, or set yet another one.
 void ConnectionState::setAnchor(End which, IConnectionAnchor *anchor)
 {
     EndState &end = m_ends[which];
-    if (anchor == end.anchor.get())
+    const IConnectionAnchor *old = end.anchor.get();
+    if (anchor == old)
         return;
+    const LifeGuard<Figure> self(m_figure);
+    const InterfacePointer<IConnectionAnchor> next(anchor);
     unhook(end);
-    end.anchor = anchor;
+    if (!self.isAlive() || (end.anchor && end.anchor.get() != old))
+        return;
+    end.anchor = next;
     if (m_figure->getParentFigure())
         hook(end);
-    m_figure->revalidate();
+    if (self.isAlive())
+        m_figure->revalidate();
 }
 
 void ConnectionState::hook()
 {
-    for (EndState &end : m_ends)
-        hook(end);
+    const LifeGuard<Figure> self(m_figure);
+    for (EndState &end : m_ends) {
+        if (self.isAlive())
+            hook(end);
+    }
 }
 
 void ConnectionState::leave()
 {
-    for (EndState &end : m_ends)
-        unhook(end);
-    router()->remove(m_connection);
+    const LifeGuard<Figure> self(m_figure);
+    for (EndState &end : m_ends) {
+        if (self.isAlive())
+            unhook(end);
+    }
+    if (self.isAlive())
+        router()->remove(m_connection);
 }
 
+// The anchor may be the end of the connection, or have it take another one: the note comes before the call.
 void ConnectionState::hook(EndState &end)
 {
-    if (!end.anchor || end.hooked)
-        return;
-    end.anchor->addAnchorListener(m_listener);
-    end.hooked = true;
+    if (end.anchor && !std::exchange(end.hooked, true))
+        end.anchor->addAnchorListener(m_listener);
 }
 
 void ConnectionState::unhook(EndState &end)
 {
-    if (end.anchor && end.hooked)
+    if (std::exchange(end.hooked, false) && end.anchor)
         end.anchor->removeAnchorListener(m_listener);
-    end.hooked = false;
 }
 
 IConnectionRouter *ConnectionState::router() const
@@ -98,16 +120,22 @@ IConnectionRouter *ConnectionState::router() const
     return m_router ? m_router.get() : NullRouter::instance();
 }
 
+// The old router may delete any of the three, or set yet another one.
 void ConnectionState::setRouter(IConnectionRouter *router)
 {
-    IConnectionRouter *old = this->router();
-    IConnectionRouter *next = router ? router : NullRouter::instance();
-    if (next == old)
+    if (!m_router)
+        m_router = NullRouter::instance();
+    const InterfacePointer<IConnectionRouter> old = m_router;
+    const InterfacePointer<IConnectionRouter> next = router ? router : NullRouter::instance();
+    if (next.get() == old.get())
         return;
-    old->remove(m_connection);
-    m_router = next;
     const LifeGuard<Figure> self(m_figure);
-    Q_EMIT m_figure->propertyChanged(IConnection::PROPERTY_CONNECTION_ROUTER, routerValue(old), routerValue(next));
+    old->remove(m_connection);
+    if (!self.isAlive() || m_router.get() != old.get())
+        return;
+    m_router = next;
+    Q_EMIT m_figure->propertyChanged(IConnection::PROPERTY_CONNECTION_ROUTER, routerValue(old.get()),
+                                     routerValue(this->router()));
     if (self.isAlive())
         m_figure->revalidate();
 }
@@ -148,38 +176,53 @@ void ConnectionState::addDecoration(End end, Figure *decoration)
 {
     const auto alignment = end == Source ? ConnectionLocator::SOURCE : ConnectionLocator::TARGET;
     auto locator = std::make_unique<ArrowLocator>(m_connection, alignment);
+    const QPointer<ArrowLocator> given(locator.get());
     const LifeGuard<Figure> self(m_figure);
     const LifeGuard<Figure> guest(decoration);
     m_figure->add(decoration, QVariant::fromValue<QObject *>(locator.get()), -1);
     // Without a QObject parent the locator belongs to the layout, once that has taken it.
-    if (self.isAlive() && guest.isAlive() && isConstraint(locator.get(), m_figure->getLayoutManager(), decoration))
+    const bool isKept
+        = self.isAlive() && guest.isAlive() && isConstraint(given, m_figure->getLayoutManager(), decoration);
+    if (isKept || !given)
         locator.release();
 }
 
 void ConnectionState::updateBounds(const QRect &line)
 {
-    QRect all = grown(line);
-    const QList<Figure *> children = m_figure->childFigures();
-    for (Figure *child : children)
-        all |= grown(child->getBounds());
+    const LifeGuard<Figure> self(m_figure);
+    const QRect all = grown(line) | childBounds();
+    if (!self.isAlive())
+        return;
     bounds = all;
     if (all.isNull())
         return;
     m_figure->repaint(all);
-    Q_EMIT m_figure->figureMoved(m_figure);
+    if (self.isAlive())
+        Q_EMIT m_figure->figureMoved(m_figure);
+}
+
+// A child that is asked may delete other ones.
+QRect ConnectionState::childBounds() const
+{
+    QRect all;
+    const QList<Figure *> children = m_figure->childFigures();
+    const QList<QPointer<Figure>> living(children.begin(), children.end());
+    for (const QPointer<Figure> &child : living)
+        all |= child ? grown(child->getBounds()) : QRect();
+    return all;
 }
 
 void ConnectionState::markDirty()
 {
-    UpdateManager *manager = m_figure->getUpdateManager();
-    if (!manager)
+    const LifeGuard<Figure> self(m_figure);
+    const QPointer<UpdateManager> manager = m_figure->getUpdateManager();
+    QRect area = manager && self.isAlive() ? m_figure->getBounds() : QRect();
+    if (!manager || !self.isAlive())
         return;
-    QRect area = m_figure->getBounds();
-    Figure *parent = m_figure->getParentFigure();
-    if (!area.isValid())
+    if (area.isValid())
+        addDirtyRegion(manager, m_figure->getParentFigure(), area);
+    else
         updateView(manager);
-    else if (parent)
-        manager->addDirtyRegion(parent, parent->translateToParent(area));
 }
 
 } // namespace Vantrel::Pictel

@@ -58,6 +58,7 @@ private:
 
     void hook(EndState &end);
     void unhook(EndState &end);
+    QRect childBounds() const;
     void removeDecoration(IRotatableDecoration *decoration);
     void addDecoration(End end, Figure *decoration);
 
