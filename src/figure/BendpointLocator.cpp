@@ -2,6 +2,8 @@
 
 #include <vtlpictel/figure/IConnection.h>
 
+#include "support/LifeGuard.h"
+
 #include <QMessageLogger>
 
 namespace Vantrel::Pictel {
@@ -16,12 +18,14 @@ BendpointLocator::~BendpointLocator() = default;
 QPoint BendpointLocator::getReferencePoint()
 {
     IConnection *connection = getConnection();
+    const int index = m_index;
+    const LifeGuard<IConnection> life(connection);
     const QList<QPoint> points = connection ? connection->getPoints() : QList<QPoint>();
-    if (!connection || m_index >= points.size()) {
-        QMessageLogger().warning("BendpointLocator::getReferencePoint(): index, %d, out-of-bound", m_index);
+    if (!life.isAlive() || index >= points.size()) {
+        QMessageLogger().warning("BendpointLocator::getReferencePoint(): index, %d, out-of-bound", index);
         return QPoint();
     }
-    QPoint point = points.value(m_index);
+    QPoint point = points.value(index);
     return connection->translateToAbsolute(point);
 }
 

@@ -1,5 +1,6 @@
 #include <vtlpictel/figure/ConnectionEndpointLocator.h>
 
+#include "support/LifeGuard.h"
 #include "support/Rounding.h"
 #include "support/WrappingArithmetic.h"
 
@@ -46,9 +47,14 @@ ConnectionEndpointLocator::Side ConnectionEndpointLocator::calculateConnectionLo
 ConnectionEndpointLocator::Side ConnectionEndpointLocator::calculateConnectionLocation(const QPoint &start,
                                                                                        Figure *owner) const
 {
+    IConnection *connection = getConnection();
+    const LifeGuard<IConnection> life(connection);
+    const LifeGuard<Figure> ownerLife(owner);
     QRect box = owner->getBounds();
-    owner->translateToAbsolute(box);
-    getConnection()->translateToRelative(box);
+    if (ownerLife.isAlive())
+        owner->translateToAbsolute(box);
+    if (life.isAlive())
+        connection->translateToRelative(box);
     const QPoint center = box.center();
     const Side vertical = start.y() < center.y() ? Side::Above : Side::Below;
     if (start.x() == center.x())
@@ -90,16 +96,26 @@ void ConnectionEndpointLocator::relocate(Figure *target)
     IConnection *connection = getConnection();
     if (!target || !target->isVisible() || !connection)
         return;
+    // Whoever is asked may delete the locator, the connection or the target.
+    const LifeGuard<ILocator> self(this);
+    const LifeGuard<IConnection> life(connection);
+    const LifeGuard<Figure> guest(target);
+    const auto areAlive = [&] { return self.isAlive() && life.isAlive() && guest.isAlive(); };
     const QList<QPoint> points = connection->getPoints();
     const qsizetype count = points.size();
-    if (count < 2)
+    if (count < 2 || !areAlive())
         return;
     const QPoint start = points.at(m_isEnd ? count - 1 : 0);
     const QPoint reference = points.at(m_isEnd ? count - 2 : 1);
     Figure *owner = getConnectionOwner();
+    if (!areAlive())
+        return;
     const Side side = owner ? calculateConnectionLocation(start, owner) : calculateConnectionLocation(start, reference);
+    const QSize preferred = areAlive() ? target->getPreferredSize() : QSize();
+    if (!areAlive())
+        return;
     m_transposer.setEnabled(side == Side::Below || side == Side::Above);
-    const QSize size = m_transposer.t(target->getPreferredSize());
+    const QSize size = m_transposer.t(preferred);
     const bool negative = side == Side::Above || side == Side::Left;
     const QPoint topLeft = calculateTopLeft(m_transposer.t(start), m_transposer.t(reference), size, negative);
     target->setBounds(QRect(m_transposer.t(topLeft), m_transposer.t(size)));

@@ -2,6 +2,8 @@
 
 #include <vtlpictel/figure/IConnection.h>
 
+#include "support/LifeGuard.h"
+
 namespace Vantrel::Pictel {
 
 namespace {
@@ -74,8 +76,11 @@ QPoint ConnectionLocator::getReferencePoint()
     IConnection *connection = getConnection();
     if (!connection)
         return QPoint();
-    QPoint point = getLocation(connection->getPoints());
-    return connection->translateToAbsolute(point);
+    const LifeGuard<ILocator> self(this);
+    const LifeGuard<IConnection> life(connection);
+    const QList<QPoint> points = connection->getPoints();
+    QPoint point = self.isAlive() ? getLocation(points) : QPoint();
+    return life.isAlive() ? connection->translateToAbsolute(point) : point;
 }
 
 } // namespace Vantrel::Pictel

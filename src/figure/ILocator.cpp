@@ -1,7 +1,12 @@
 #include <vtlpictel/figure/ILocator.h>
 
+#include "support/LifeGuard.h"
+
 namespace Vantrel::Pictel {
 
-ILocator::~ILocator() = default;
+ILocator::~ILocator()
+{
+    LifeGuard<ILocator>::release(this);
+}
 
 } // namespace Vantrel::Pictel

@@ -3,6 +3,8 @@
 #include <vtlpictel/figure/Figure.h>
 #include <vtlpictel/figure/GeometryUtils.h>
 
+#include "support/LifeGuard.h"
+
 namespace Vantrel::Pictel {
 
 namespace {
@@ -56,9 +58,17 @@ void Locator::relocate(Figure *target)
 {
     if (!target || !target->isVisible())
         return;
+    // Whoever is asked may delete the target or the locator.
+    const LifeGuard<ILocator> self(this);
+    const LifeGuard<Figure> guest(target);
+    const auto areAlive = [&] { return self.isAlive() && guest.isAlive(); };
     const QSize size = target->getPreferredSize();
-    QPoint center = getReferencePoint();
-    target->setBounds(getNewBounds(size, target->translateToRelative(center)));
+    QPoint center = areAlive() ? getReferencePoint() : QPoint();
+    if (areAlive())
+        target->translateToRelative(center);
+    const QRect bounds = areAlive() ? getNewBounds(size, center) : QRect();
+    if (areAlive())
+        target->setBounds(bounds);
 }
 
 } // namespace Vantrel::Pictel

@@ -2,6 +2,8 @@
 
 #include <vtlpictel/figure/IConnection.h>
 
+#include "support/LifeGuard.h"
+
 #include <QMessageLogger>
 
 namespace Vantrel::Pictel {
@@ -16,14 +18,20 @@ MidpointLocator::~MidpointLocator() = default;
 QPoint MidpointLocator::getReferencePoint()
 {
     IConnection *connection = getConnection();
-    if (!connection || m_index >= connection->getPointCount()) {
-        QMessageLogger().warning("MidpointLocator::getReferencePoint(): index, %d, out-of-bound", m_index);
+    const int index = m_index;
+    const LifeGuard<IConnection> life(connection);
+    const int count = connection ? connection->getPointCount() : 0;
+    if (!life.isAlive() || index >= count) {
+        QMessageLogger().warning("MidpointLocator::getReferencePoint(): index, %d, out-of-bound", index);
         return QPoint();
     }
-    QPoint from = connection->getPoint(m_index);
-    QPoint to = connection->getPoint(m_index + 1);
-    connection->translateToAbsolute(from);
-    const QPoint way = connection->translateToAbsolute(to) - from;
+    QPoint from = connection->getPoint(index);
+    QPoint to = life.isAlive() ? connection->getPoint(index + 1) : from;
+    for (QPoint *point : {&from, &to}) {
+        if (life.isAlive())
+            connection->translateToAbsolute(*point);
+    }
+    const QPoint way = to - from;
     return from + QPoint(way.x() / 2, way.y() / 2);
 }
 

@@ -1,5 +1,6 @@
 #include <vtlpictel/figure/RelativeLocator.h>
 
+#include "support/LifeGuard.h"
 #include "support/Rounding.h"
 
 #include <vtlpictel/figure/Figure.h>
@@ -66,11 +67,19 @@ void RelativeLocator::relocate(Figure *target)
     Figure *reference = getReferenceFigure();
     if (!target || !target->isVisible() || !reference)
         return;
+    // Whoever is asked may delete the locator or either figure.
+    const LifeGuard<ILocator> self(this);
+    const LifeGuard<Figure> referenceLife(reference);
+    const LifeGuard<Figure> guest(target);
     QRectF box = getReferenceBox().adjusted(0, 0, -1, -1);
-    reference->translateToAbsolute(box);
-    target->translateToRelative(box);
+    if (referenceLife.isAlive())
+        reference->translateToAbsolute(box);
+    if (guest.isAlive())
+        target->translateToRelative(box);
     box.adjust(0, 0, 1, 1);
-    const QSize size = target->getPreferredSize();
+    const QSize size = guest.isAlive() ? target->getPreferredSize() : QSize();
+    if (!self.isAlive() || !referenceLife.isAlive() || !guest.isAlive())
+        return;
     const QPoint offset(offsetIn(box.width(), m_relativeX, size.width()),
                         offsetIn(box.height(), m_relativeY, size.height()));
     target->setBounds(roundedRect(QRectF(box.topLeft() + offset, QSizeF(size))));
